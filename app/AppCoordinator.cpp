@@ -1,0 +1,143 @@
+#include "app/AppCoordinator.h"
+
+#include <utility>
+
+#include "app/Preferences.h"
+#include "platform/Platform.h"
+#include "players/ControllerFactory.h"
+#include "players/TargetAppRegistry.h"
+#include "support/Logger.h"
+#include "support/MutexLock.h"
+
+namespace talmo {
+namespace {
+
+constexpr Logger log("coordinator");
+
+}  // namespace
+
+std::shared_ptr<AppCoordinator> AppCoordinator::make() {
+  return std::shared_ptr<AppCoordinator>(new AppCoordinator);
+}
+
+AppCoordinator::AppCoordinator()
+    : tap_(MediaKeyTap::make()),
+      commandQueue_(platform().dispatch().makeSerialQueue("nl.brelm.talmo.commands",
+                                                          QualityOfService::unspecified)) {}
+
+void AppCoordinator::start() {
+  tap_->setDelegate(weak_from_this());
+  startTap();
+  updateActiveController();
+}
+
+bool AppCoordinator::startTap() {
+  const bool ok = tap_->start();
+  if (ok) {
+    log.info("Event tap running");
+  } else {
+    log.error("Event tap creation failed; treating as missing permission");
+  }
+  return ok;
+}
+
+void AppCoordinator::updateActiveController() {
+  std::string selection = Preferences::selectedTargetAppID().value_or(
+      std::string(Preferences::autoSentinel));
+  // Routing off is no longer offered, so a stored one must not leave the keys dead.
+  if (selection == Preferences::routingOffSentinel) selection = Preferences::autoSentinel;
+
+  if (selection == Preferences::autoSentinel) {
+    currentTargetID_ = selection;
+    {
+      const MutexLock lock(controllerLock_);
+      _activeController = nullptr;
+    }
+    {
+      const MutexLock lock(controllerLock_);
+      _isAutoRouting = true;
+    }
+    log.info("Routing media keys automatically (follows what is playing)");
+    return;
+  }
+
+  {
+    const MutexLock lock(controllerLock_);
+    _isAutoRouting = false;
+  }
+  const std::optional<TargetApp> app = TargetAppRegistry::app(selection);
+  std::shared_ptr<MusicAppController> controller;
+  if (app) controller = ControllerFactory::controller(*app);
+  currentTargetID_ = app ? std::optional(app->id) : std::nullopt;
+  {
+    const MutexLock lock(controllerLock_);
+    _activeController = std::move(controller);
+  }
+  if (app) {
+    log.info("Routing media keys to %{public}s", app->displayName);
+  } else {
+    log.info("No target selected; media keys pass through");
+  }
+}
+
+bool AppCoordinator::mediaKeyTap(MediaKeyTap&, MediaKey key, bool isKeyDown, bool isRepeat) {
+  bool isAutoRouting = false;
+  {
+    const MutexLock lock(controllerLock_);
+    isAutoRouting = _isAutoRouting;
+  }
+  std::shared_ptr<MusicAppController> controller;
+  {
+    const MutexLock lock(controllerLock_);
+    controller = _activeController;
+  }
+  if (!controller && !isAutoRouting) return false;
+
+  if (isKeyDown && !isRepeat) {
+    log.info("media key: %{public}s down", name(key));
+    commandQueue_->async(
+        [weak = weak_from_this(), isAutoRouting, controller = std::move(controller), key] {
+          if (const std::shared_ptr<AppCoordinator> self = weak.lock()) {
+            self->route(isAutoRouting, controller, key);
+          }
+        });
+  }
+  return true;
+}
+
+void AppCoordinator::route(bool isAutoRouting, const std::shared_ptr<MusicAppController>& fixed,
+                           MediaKey key) {
+  const std::shared_ptr<MusicAppController> controller = isAutoRouting ? autoController() : fixed;
+  if (controller) {
+    dispatch(key, *controller);
+  } else if (isAutoRouting && key == MediaKey::playPause) {
+    launchDefaultPlayer();
+  }
+}
+
+void AppCoordinator::dispatch(MediaKey key, MusicAppController& controller) {
+  const TargetApp& target = controller.targetApp();
+  if (!target.isWeb() && !target.runningApplication()) {
+    if (key != MediaKey::playPause) return;
+    if (const std::optional<std::string> url = target.applicationURL()) {
+      log.info("Launching %{public}s", target.displayName);
+      platform().workspace().openApplication(*url);
+    }
+    return;
+  }
+  switch (key) {
+    case MediaKey::playPause:
+      controller.playPause();
+      break;
+    case MediaKey::next:
+    case MediaKey::fast:
+      controller.nextTrack();
+      break;
+    case MediaKey::previous:
+    case MediaKey::rewind:
+      controller.previousTrack();
+      break;
+  }
+}
+
+}  // namespace talmo

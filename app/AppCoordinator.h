@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "keys/MediaKeyTap.h"
+#include "keys/MediaKeyTapDelegate.h"
+#include "platform/Queue.h"
+#include "players/MediaKey.h"
+#include "players/MusicAppController.h"
+#include "support/Mutex.h"
+#include "support/ThreadSafety.h"
+
+namespace talmo {
+
+/// The spine of the program: owns the media key tap, decides for every media key whether it is
+/// consumed and where it goes, and keeps the routing choice in step with the preferences.
+///
+/// Made and destroyed on the main thread. The tap thread asks `mediaKeyTap`; every command for a
+/// player runs on the command queue, in the order of the key presses.
+class AppCoordinator : public MediaKeyTapDelegate,
+                       public std::enable_shared_from_this<AppCoordinator> {
+ public:
+  static std::shared_ptr<AppCoordinator> make();
+
+  /// Becomes the tap's delegate, starts the tap and sets the routing state. Once, main thread.
+  void start();
+
+  /// Re-reads the selection and sets the routing state: auto, fixed or off. Main thread.
+  void updateActiveController();
+
+  /// The swallow rule. Tap thread; queues a command, waits for nothing.
+  bool mediaKeyTap(MediaKeyTap& tap, MediaKey shouldConsume, bool isKeyDown,
+                   bool isRepeat) override;
+
+  /// Sends one key to one player, or launches the player. Command queue.
+  void dispatch(MediaKey key, MusicAppController& controller);
+
+  /// The selection: a target's id, the auto sentinel, or nothing when routing is off. Main thread.
+  const std::optional<std::string>& currentTargetID() const { return currentTargetID_; }
+
+  MediaKeyTap& tap() { return *tap_; }
+
+ private:
+  AppCoordinator();
+
+  bool startTap();
+  void route(bool isAutoRouting, const std::shared_ptr<MusicAppController>& fixed, MediaKey key);
+
+  // Auto routing (AutoRouting.cpp). Command queue.
+  std::shared_ptr<MusicAppController> autoController();
+  void launchDefaultPlayer();
+
+  const std::shared_ptr<MediaKeyTap> tap_;
+  const std::shared_ptr<Queue> commandQueue_;
+  Mutex controllerLock_;
+  std::shared_ptr<MusicAppController> _activeController TALMO_GUARDED_BY(controllerLock_);
+  std::optional<std::string> currentTargetID_;
+  bool _isAutoRouting TALMO_GUARDED_BY(controllerLock_) = false;
+};
+
+}  // namespace talmo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <typeindex>
+
+#include "support/Mutex.h"
+#include "support/MutexLock.h"
+#include "support/ThreadSafety.h"
+
+namespace talmo {
+
+/// The private records of the components that are namespaces of static members, one per type. They
+/// live as long as the `Platform` that holds them, so that no test sees another's.
+class ComponentStates {
+ public:
+  /// The one `State`, made on first use by its default constructor, which asks nothing of this
+  /// object. Any thread.
+  template <class State>
+  State& of() {
+    const MutexLock lock(mutex_);
+    std::shared_ptr<void>& slot = states_[std::type_index(typeid(State))];
+    if (!slot) slot = std::make_shared<State>();
+    return *static_cast<State*>(slot.get());
+  }
+
+ private:
+  Mutex mutex_;
+  std::map<std::type_index, std::shared_ptr<void>> states_ TALMO_GUARDED_BY(mutex_);
+};
+
+}  // namespace talmo

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace talmo {
+
+/// The weight of a log line. A line without a level of its own is a `notice`.
+enum class LogLevel { info, notice, error };
+
+}  // namespace talmo

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/AppleEvents.h"
+#include "platform/ComponentStates.h"
+#include "platform/Dispatch.h"
+#include "platform/EventTap.h"
+#include "platform/KeyEvents.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+
+namespace talmo {
+
+/// All services of one system. Owned by `main` or by a test, and alive for longer than anything
+/// that calls `platform()`. The accessors may be called on any thread and give the same object
+/// each time.
+class Platform {
+ public:
+  Platform() = default;
+  virtual ~Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+
+  virtual AppleEvents& appleEvents() = 0;
+  virtual Dispatch& dispatch() = 0;
+  virtual EventTap& eventTap() = 0;
+  virtual KeyEvents& keyEvents() = 0;
+  virtual Log& log() = 0;
+  virtual UserDefaults& userDefaults() = 0;
+  virtual Workspace& workspace() = 0;
+
+  ComponentStates& states() { return states_; }
+
+ private:
+  ComponentStates states_;
+};
+
+/// The platform in use. Ends the process when none is set.
+Platform& platform();
+
+/// Sets the platform, or takes it away with a null pointer. Called by `main` or a test while no
+/// other thread uses it.
+void setPlatform(Platform* platform);
+
+}  // namespace talmo

@@ -1,0 +1,31 @@
+#include "tests/support/PrivateBus.h"
+
+#include <stdlib.h>
+
+#include <stdexcept>
+#include <system_error>
+
+#include "tests/support/WaitUntil.h"
+
+namespace talmo::test {
+
+PrivateBus::PrivateBus() {
+  std::string name = (std::filesystem::temp_directory_path() / "talmo-bus-XXXXXX").string();
+  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the session bus");
+  folder_ = name;
+  address_ = "unix:path=" + (folder_ / "bus").string();
+  daemon_ = std::make_unique<TestProcess>(TestProcess::Start{
+      .arguments = {"dbus-daemon", "--session", "--nofork", "--nopidfile",
+                    "--address=" + address_}});
+  if (!waitUntil([this] { return std::filesystem::exists(folder_ / "bus"); })) {
+    throw std::runtime_error("the session bus did not start: " + daemon_->output());
+  }
+}
+
+PrivateBus::~PrivateBus() {
+  daemon_.reset();
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+}  // namespace talmo::test

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "tests/support/TestProcess.h"
+
+namespace talmo::test {
+
+/// A session bus of the test's own.
+class PrivateBus {
+ public:
+  /// Starts the bus and waits until it listens. Throws when it does not come up.
+  PrivateBus();
+  ~PrivateBus();
+
+  /// The value for DBUS_SESSION_BUS_ADDRESS.
+  const std::string& address() const { return address_; }
+
+  TestProcess& daemon() { return *daemon_; }
+
+ private:
+  std::filesystem::path folder_;
+  std::string address_;
+  std::unique_ptr<TestProcess> daemon_;
+};
+
+}  // namespace talmo::test
