@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/Platform.h"
+#include "tests/support/RecordingLog.h"
+
+namespace talmo::test {
+
+/// The platform of a test of single services: a log that records, and whichever services the test
+/// lends it. It is the platform in use for as long as it lives; asking it for a service that it was
+/// not lent ends the test.
+class TestPlatform : public Platform {
+ public:
+  struct Services {
+    AppleEvents* appleEvents = nullptr;
+    Dispatch* dispatch = nullptr;
+    EventTap* eventTap = nullptr;
+    KeyEvents* keyEvents = nullptr;
+    UserDefaults* userDefaults = nullptr;
+    Workspace* workspace = nullptr;
+  };
+
+  TestPlatform() : TestPlatform(Services{}) {}
+  explicit TestPlatform(const Services& services) : services_(services) { setPlatform(this); }
+  ~TestPlatform() override { setPlatform(nullptr); }
+
+  AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
+  EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
+  KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
+  RecordingLog& log() override { return log_; }
+  UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
+  Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
+
+ private:
+  template <class Service>
+  static Service& lent(Service* service, const char* name) {
+    if (service == nullptr) {
+      std::fprintf(stderr, "this test's platform has no %s\n", name);
+      std::abort();
+    }
+    return *service;
+  }
+
+  const Services services_;
+  RecordingLog log_;
+};
+
+}  // namespace talmo::test
