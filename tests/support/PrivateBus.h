@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -11,8 +12,9 @@ namespace talmo::test {
 /// A session bus of the test's own.
 class PrivateBus {
  public:
-  /// Starts the bus and waits until it listens. Throws when it does not come up.
-  PrivateBus();
+  /// Starts the bus and waits until it listens. Throws when it does not come up. The services that
+  /// it activates get the test's environment with `environment` added.
+  explicit PrivateBus(std::map<std::string, std::string> environment = {});
   ~PrivateBus();
 
   /// The value for DBUS_SESSION_BUS_ADDRESS.

@@ -1,0 +1,47 @@
+#include "tests/support/PrivateSound.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "tests/support/WaitUntil.h"
+
+namespace talmo::test {
+namespace {
+
+/// Whether someone listens on the socket.
+bool isServed(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  if (path.size() >= sizeof(address.sun_path)) throw std::runtime_error("too long a path: " + path);
+  std::ranges::copy(path, address.sun_path);
+  const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (socket < 0) return false;
+  const bool connected =
+      ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+  ::close(socket);
+  return connected;
+}
+
+}  // namespace
+
+PrivateSound::PrivateSound(const std::filesystem::path& folder,
+                           const std::map<std::string, std::string>& environment)
+    : address_("unix:" + (folder / "sound").string()),
+      server_({.arguments = {"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no",
+                             "--realtime=no", "--high-priority=no", "--exit-idle-time=-1",
+                             "--disable-shm=yes", "--log-target=stderr",
+                             "--load=module-native-protocol-unix auth-anonymous=1 socket=" +
+                                 (folder / "sound").string(),
+                             "--load=module-null-sink sink_name=nothing",
+                             // A null sink that never rests burns a third of a core.
+                             "--load=module-suspend-on-idle timeout=2"},
+               .environment = environment}) {
+  if (!waitUntil([&] { return isServed((folder / "sound").string()); })) {
+    throw std::runtime_error("the sound server did not start: " + server_.output());
+  }
+}
+
+}  // namespace talmo::test

@@ -1,0 +1,65 @@
+#include "tests/support/Tunes.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <ios>
+#include <numbers>
+#include <stdexcept>
+#include <string>
+
+namespace talmo::test {
+namespace {
+
+constexpr std::uint32_t samplesPerSecond = 22050;
+constexpr std::uint32_t bytesPerSample = 2;
+
+template <typename Integer>
+void append(std::string& bytes, Integer value) {
+  for (std::size_t i = 0; i < sizeof(Integer); ++i) {
+    bytes.push_back(static_cast<char>((static_cast<std::uint64_t>(value) >> (8 * i)) & 0xFF));
+  }
+}
+
+/// A RIFF/WAVE file: one channel of 16-bit little-endian samples.
+std::string wave(double frequency, int seconds) {
+  const std::uint32_t samples = samplesPerSecond * static_cast<std::uint32_t>(seconds);
+  const std::uint32_t dataSize = samples * bytesPerSample;
+  std::string bytes = "RIFF";
+  append(bytes, std::uint32_t{36} + dataSize);
+  bytes += "WAVEfmt ";
+  append(bytes, std::uint32_t{16});  // size of the format chunk
+  append(bytes, std::uint16_t{1});   // PCM
+  append(bytes, std::uint16_t{1});   // channels
+  append(bytes, samplesPerSecond);
+  append(bytes, samplesPerSecond * bytesPerSample);
+  append(bytes, static_cast<std::uint16_t>(bytesPerSample));
+  append(bytes, std::uint16_t{16});  // bits per sample
+  bytes += "data";
+  append(bytes, dataSize);
+  constexpr double amplitude = 600;  // of 32767: quiet
+  for (std::uint32_t i = 0; i < samples; ++i) {
+    const double phase = 2 * std::numbers::pi * frequency * i / samplesPerSecond;
+    append(bytes, static_cast<std::uint16_t>(std::lround(amplitude * std::sin(phase))));
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder, int seconds) {
+  constexpr std::array frequencies = {220.0, 330.0, 440.0};
+  std::vector<std::filesystem::path> paths;
+  for (const double frequency : frequencies) {
+    paths.push_back(folder / ("tune-" + std::to_string(paths.size() + 1) + ".wav"));
+    const std::string bytes = wave(frequency, seconds);
+    std::ofstream file(paths.back(), std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) throw std::runtime_error("cannot write " + paths.back().string());
+  }
+  return paths;
+}
+
+}  // namespace talmo::test
