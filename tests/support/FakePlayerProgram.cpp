@@ -1,0 +1,66 @@
+// talmo-fake-player NAME [--hang | --error | --wrong-types] [--status STATUS]
+//
+// A fake player with a process of its own. NAME is what follows "org.mpris.MediaPlayer2." in its
+// bus name. It writes "ready" when it is on the bus, and for each command the nanoseconds of the
+// monotonic clock and the method's name. It ends on SIGTERM or SIGINT.
+#include <chrono>
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/support/FakePlayer.h"
+
+namespace {
+
+using talmo::test::FakePlayer;
+
+int usage() {
+  std::cerr << "usage: talmo-fake-player NAME [--hang | --error | --wrong-types]"
+               " [--status STATUS]\n";
+  return 2;
+}
+
+void print(const std::string& command) {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  std::cout << std::chrono::nanoseconds(now).count() << ' ' << command << std::endl;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  const std::vector<std::string_view> arguments(values + 1, values + count);
+  if (arguments.empty()) return usage();
+  FakePlayer::Start start{.name = std::string(arguments[0]), .onCommand = print};
+  for (std::size_t index = 1; index < arguments.size(); ++index) {
+    if (arguments[index] == "--hang") {
+      start.behaviour = FakePlayer::Behaviour::hangs;
+    } else if (arguments[index] == "--error") {
+      start.behaviour = FakePlayer::Behaviour::fails;
+    } else if (arguments[index] == "--wrong-types") {
+      start.behaviour = FakePlayer::Behaviour::answersWithWrongTypes;
+    } else if (arguments[index] == "--status" && index + 1 < arguments.size()) {
+      start.playbackStatus = arguments[++index];
+    } else {
+      return usage();
+    }
+  }
+  // Blocked before the player's thread starts, so that they wait for `sigwait`.
+  sigset_t ends;
+  sigemptyset(&ends);
+  sigaddset(&ends, SIGTERM);
+  sigaddset(&ends, SIGINT);
+  pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+  try {
+    const FakePlayer player(std::move(start));
+    std::cout << "ready" << std::endl;
+    int signal = 0;
+    sigwait(&ends, &signal);
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
