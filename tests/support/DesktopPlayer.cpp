@@ -59,6 +59,9 @@ std::unique_ptr<DesktopPlayer> DesktopPlayer::startVlc(
 
 std::unique_ptr<DesktopPlayer> DesktopPlayer::startAudacious(
     const PrivateDesktop& desktop, const std::vector<std::filesystem::path>& tunes) {
+  const std::filesystem::path folder = desktop.configFolder() / "audacious";
+  std::filesystem::create_directories(folder);
+  std::ofstream(folder / "config") << "[audacious]\nrepeat=TRUE\n";
   std::vector<std::string> arguments = {"audacious"};
   arguments.insert(arguments.end(), tunes.begin(), tunes.end());
   return std::unique_ptr<DesktopPlayer>(

@@ -1,6 +1,5 @@
 #include "tests/support/Tunes.h"
 
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <fstream>
@@ -12,8 +11,9 @@
 namespace talmo::test {
 namespace {
 
-constexpr std::uint32_t samplesPerSecond = 22050;
+constexpr std::uint32_t samplesPerSecond = 8000;
 constexpr std::uint32_t bytesPerSample = 2;
+constexpr std::uint32_t seconds = 300;
 
 template <typename Integer>
 void append(std::string& bytes, Integer value) {
@@ -23,9 +23,15 @@ void append(std::string& bytes, Integer value) {
 }
 
 /// A RIFF/WAVE file: one channel of 16-bit little-endian samples.
-std::string wave(double frequency, int seconds) {
-  const std::uint32_t samples = samplesPerSecond * static_cast<std::uint32_t>(seconds);
-  const std::uint32_t dataSize = samples * bytesPerSample;
+std::string wave(int hertz) {
+  // A second holds a whole number of periods, so the tone is one second over and over.
+  std::string second;
+  constexpr double amplitude = 600;  // of 32767: quiet
+  for (std::uint32_t i = 0; i < samplesPerSecond; ++i) {
+    const double phase = 2 * std::numbers::pi * hertz * i / samplesPerSecond;
+    append(second, static_cast<std::uint16_t>(std::lround(amplitude * std::sin(phase))));
+  }
+  const auto dataSize = static_cast<std::uint32_t>(second.size() * seconds);
   std::string bytes = "RIFF";
   append(bytes, std::uint32_t{36} + dataSize);
   bytes += "WAVEfmt ";
@@ -38,22 +44,18 @@ std::string wave(double frequency, int seconds) {
   append(bytes, std::uint16_t{16});  // bits per sample
   bytes += "data";
   append(bytes, dataSize);
-  constexpr double amplitude = 600;  // of 32767: quiet
-  for (std::uint32_t i = 0; i < samples; ++i) {
-    const double phase = 2 * std::numbers::pi * frequency * i / samplesPerSecond;
-    append(bytes, static_cast<std::uint16_t>(std::lround(amplitude * std::sin(phase))));
-  }
+  for (std::uint32_t i = 0; i < seconds; ++i) bytes += second;
   return bytes;
 }
 
 }  // namespace
 
-std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder, int seconds) {
-  constexpr std::array frequencies = {220.0, 330.0, 440.0};
+std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder) {
+  std::filesystem::create_directories(folder);
   std::vector<std::filesystem::path> paths;
-  for (const double frequency : frequencies) {
+  for (const int hertz : {220, 330, 440}) {
     paths.push_back(folder / ("tune-" + std::to_string(paths.size() + 1) + ".wav"));
-    const std::string bytes = wave(frequency, seconds);
+    const std::string bytes = wave(hertz);
     std::ofstream file(paths.back(), std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();

@@ -5,9 +5,9 @@
 
 namespace talmo::test {
 
-/// Writes three quiet sine tones of different pitch as WAV files of `seconds` each into `folder`,
-/// and returns their paths in playing order: tune-1.wav, tune-2.wav, tune-3.wav.
-std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder,
-                                              int seconds = 20);
+/// Writes three quiet sine tones of different pitch as WAV files into `folder`, which is made, and
+/// returns their paths in playing order: tune-1.wav, tune-2.wav, tune-3.wav. Each lasts five
+/// minutes, so that no player reaches the next one by itself while a test waits for it.
+std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder);
 
 }  // namespace talmo::test
