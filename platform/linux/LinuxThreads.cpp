@@ -1,0 +1,80 @@
+#include "platform/linux/LinuxThreads.h"
+
+#include <pthread.h>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <utility>
+
+#include "support/MutexLock.h"
+
+namespace talmo {
+namespace {
+
+// pthread_setname_np(3): 16 bytes with the terminating zero.
+constexpr std::size_t longestName = 15;
+
+constexpr int utilityNiceness = 5;
+
+void setCurrentQuality(QualityOfService quality) {
+  // On Linux the niceness of a thread is its own. Work that is more urgent than usual would need a
+  // privilege, and less than usual never does.
+  if (quality == QualityOfService::utility) {
+    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), utilityNiceness);
+  }
+}
+
+}  // namespace
+
+LinuxThreads::~LinuxThreads() {
+  waitForAll(std::nullopt);
+}
+
+void LinuxThreads::start(const std::string& name, QualityOfService quality,
+                         std::function<void()> body) {
+  std::list<std::thread> ended;
+  {
+    const MutexLock lock(mutex_);
+    ended.swap(ended_);
+    const auto thread = running_.emplace(running_.end());
+    *thread = std::thread([this, thread, name, quality, body = std::move(body)]() mutable {
+      setCurrentName(name);
+      setCurrentQuality(quality);
+      body();
+      body = nullptr;
+      end(thread);
+    });
+  }
+  for (std::thread& thread : ended) thread.join();
+}
+
+bool LinuxThreads::waitForAll(std::optional<Uptime> deadline) {
+  std::list<std::thread> ended;
+  bool all = false;
+  {
+    MutexLock lock(mutex_);
+    while (!running_.empty()) {
+      if (!deadline) {
+        someEnded_.wait(lock);
+      } else if (someEnded_.wait_until(lock, *deadline) == std::cv_status::timeout) {
+        break;
+      }
+    }
+    all = running_.empty();
+    ended.swap(ended_);
+  }
+  for (std::thread& thread : ended) thread.join();
+  return all;
+}
+
+void LinuxThreads::setCurrentName(const std::string& label) {
+  const std::string name = label.substr(label.rfind('.') + 1, longestName);
+  ::pthread_setname_np(::pthread_self(), name.c_str());
+}
+
+void LinuxThreads::end(std::list<std::thread>::iterator thread) {
+  const MutexLock lock(mutex_);
+  ended_.splice(ended_.end(), running_, thread);
+  someEnded_.notify_all();
+}
+
+}  // namespace talmo
