@@ -16,7 +16,7 @@ constexpr std::uint32_t propertyLimit = 64 * 1024;
 xcb_window_t rootOf(xcb_connection_t* connection, int screen) {
   xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
   while (screen-- > 0 && screens.rem > 1) xcb_screen_next(&screens);
-  return screens.rem > 0 ? screens.data->root : XCB_WINDOW_NONE;
+  return screens.rem > 0 ? screens.data->root : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 }  // namespace
