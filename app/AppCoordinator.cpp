@@ -42,8 +42,8 @@ bool AppCoordinator::startTap() {
 }
 
 void AppCoordinator::updateActiveController() {
-  std::string selection = Preferences::selectedTargetAppID().value_or(
-      std::string(Preferences::autoSentinel));
+  std::string selection =
+      Preferences::selectedTargetAppID().value_or(std::string(Preferences::autoSentinel));
   // Routing off is no longer offered, so a stored one must not leave the keys dead.
   if (selection == Preferences::routingOffSentinel) selection = Preferences::autoSentinel;
 

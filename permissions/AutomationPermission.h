@@ -34,8 +34,8 @@ class AutomationPermission {
 
   /// The cached answer, or that of a query waited for at most `timeout`; nothing when it takes
   /// longer. Must not be called on the main thread: that ends the process.
-  static std::optional<AutomationStatus> blockingStatus(
-      const std::string& bundle, Duration timeout = std::chrono::seconds(3));
+  static std::optional<AutomationStatus> blockingStatus(const std::string& bundle,
+                                                        Duration timeout = std::chrono::seconds(3));
 
   /// Asks the system, with its dialog if the answer is open, and caches the result.
   static void request(const std::string& bundle, Completion completion);

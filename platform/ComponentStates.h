@@ -24,6 +24,14 @@ class ComponentStates {
     return *static_cast<State*>(slot.get());
   }
 
+  /// Drops all records. They may hold queues and other things of the services, so a backend calls
+  /// this when all work has ended and before its services go.
+  void clear() {
+    std::map<std::type_index, std::shared_ptr<void>> dropped;
+    const MutexLock lock(mutex_);
+    dropped.swap(states_);
+  }
+
  private:
   Mutex mutex_;
   std::map<std::type_index, std::shared_ptr<void>> states_ TALMO_GUARDED_BY(mutex_);

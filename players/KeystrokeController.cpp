@@ -31,8 +31,7 @@ void KeystrokeController::previousTrack() {
 void KeystrokeController::postKeyStroke(const KeyStroke& stroke, ProcessIdentifier pid) {
   KeyEvents& keyEvents = platform().keyEvents();
   for (const bool isKeyDown : {true, false}) {
-    keyEvents.post({.keyCode = stroke.keyCode, .isKeyDown = isKeyDown, .flags = stroke.flags},
-                   pid);
+    keyEvents.post({.keyCode = stroke.keyCode, .isKeyDown = isKeyDown, .flags = stroke.flags}, pid);
   }
 }
 

@@ -1,9 +1,9 @@
 #include "support/UrlComponents.h"
 
-#include <curl/urlapi.h>
-
 #include <memory>
 #include <string_view>
+
+#include <curl/urlapi.h>
 
 namespace talmo {
 namespace {
@@ -37,8 +37,7 @@ std::optional<UrlComponents> UrlComponents::parse(const std::string& url) {
   if (!hasAuthority(url) || url.find('\0') != std::string::npos) return std::nullopt;
   const std::unique_ptr<CURLU, UrlCleanup> parsed(curl_url());
   // A space in a path is what people paste and browsers report; it is no reason to miss a tab.
-  constexpr unsigned lenient =
-      CURLU_NON_SUPPORT_SCHEME | CURLU_PATH_AS_IS | CURLU_ALLOW_SPACE;
+  constexpr unsigned lenient = CURLU_NON_SUPPORT_SCHEME | CURLU_PATH_AS_IS | CURLU_ALLOW_SPACE;
   if (!parsed || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), lenient) != CURLUE_OK) {
     return std::nullopt;
   }

@@ -18,23 +18,24 @@ constexpr KeyStroke letterK{.keyCode = 40, .flags = 0};
 // pauses it.
 const WebTransportScript& youTubeScript() {
   static const WebTransportScript script{
-      .toggle = "var b=document.querySelector('.ytp-play-button'); "
-                "var v=document.querySelector('video'); if(b){b.click();} "
-                "else if(v){if(v.paused){v.play();}else{v.pause();}} 'ok'",
-      .next = "var b=document.querySelector('.ytp-next-button'); "
-              "if(b&&b.getAttribute('aria-disabled')!=='true'){b.click();} 'ok'",
-      .previous = "var b=document.querySelector('.ytp-prev-button'); "
-                  "var v=document.querySelector('video'); "
-                  "if(b&&b.getAttribute('aria-disabled')!=='true'){b.click();} "
-                  "else if(v){v.currentTime=0;} 'ok'",
+      .toggle =
+          "var b=document.querySelector('.ytp-play-button'); "
+          "var v=document.querySelector('video'); if(b){b.click();} "
+          "else if(v){if(v.paused){v.play();}else{v.pause();}} 'ok'",
+      .next =
+          "var b=document.querySelector('.ytp-next-button'); "
+          "if(b&&b.getAttribute('aria-disabled')!=='true'){b.click();} 'ok'",
+      .previous =
+          "var b=document.querySelector('.ytp-prev-button'); "
+          "var v=document.querySelector('video'); "
+          "if(b&&b.getAttribute('aria-disabled')!=='true'){b.click();} "
+          "else if(v){v.currentTime=0;} 'ok'",
   };
   return script;
 }
 
-}  // namespace
-
-const WebPlayerTarget& WebPlayerRegistry::soundCloud() {
-  static const WebPlayerTarget target{
+WebPlayerTarget makeSoundCloud() {
+  return {
       .id = "soundcloud-web",
       .displayName = "SoundCloud",
       .iconAssetName = "SoundCloudIcon",
@@ -47,11 +48,10 @@ const WebPlayerTarget& WebPlayerRegistry::soundCloud() {
       .playerPathPrefixes = {},
       .alwaysPlayerHosts = {},
   };
-  return target;
 }
 
-const WebPlayerTarget& WebPlayerRegistry::youTube() {
-  static const WebPlayerTarget target{
+WebPlayerTarget makeYouTube() {
+  return {
       .id = "youtube-web",
       .displayName = "YouTube",
       .iconAssetName = "YouTubeIcon",
@@ -63,12 +63,21 @@ const WebPlayerTarget& WebPlayerRegistry::youTube() {
       .playerPathPrefixes = {"/watch", "/playlist", "/shorts/", "/embed/", "/live/"},
       .alwaysPlayerHosts = {youTubeMusicHost, youTubeShortLinkDomain},
   };
-  return target;
 }
 
+}  // namespace
+
 const std::vector<WebPlayerTarget>& WebPlayerRegistry::all() {
-  static const std::vector<WebPlayerTarget> targets{soundCloud(), youTube()};
+  static const std::vector<WebPlayerTarget> targets{makeSoundCloud(), makeYouTube()};
   return targets;
+}
+
+const WebPlayerTarget& WebPlayerRegistry::soundCloud() {
+  return all()[0];
+}
+
+const WebPlayerTarget& WebPlayerRegistry::youTube() {
+  return all()[1];
 }
 
 const WebPlayerTarget* WebPlayerRegistry::targetWithID(std::string_view id) {

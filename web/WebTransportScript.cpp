@@ -3,8 +3,7 @@
 namespace talmo {
 
 std::string WebTransportScript::click(std::string_view selector) {
-  return "var e=document.querySelector('" + std::string(selector) +
-         "'); if(e){e.click();} 'ok'";
+  return "var e=document.querySelector('" + std::string(selector) + "'); if(e){e.click();} 'ok'";
 }
 
 WebTransportScript WebTransportScript::clicking(std::string_view toggle, std::string_view next,

@@ -1,0 +1,143 @@
+#include "platform/simulated/SimulatedAppleEvents.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "support/MutexLock.h"
+
+namespace talmo {
+namespace {
+
+constexpr std::array<std::string_view, 3> playerCommands{"playpause", "nextTrack", "previousTrack"};
+constexpr long ticksPerSecond = 60;
+// An Apple event that sets no time-out waits about two minutes (`kAEDefaultTimeout`).
+constexpr long defaultTicks = 120 * ticksPerSecond;
+
+std::int32_t valueOr(const std::map<std::string, std::int32_t>& map, const std::string& key,
+                     std::int32_t otherwise) {
+  const auto found = map.find(key);
+  return found == map.end() ? otherwise : found->second;
+}
+
+}  // namespace
+
+class SimulatedAppleEvents::Object : public ScriptingObject {
+ public:
+  Object(SimulatedAppleEvents& appleEvents, std::string bundleID)
+      : appleEvents_(appleEvents), bundleID_(std::move(bundleID)) {}
+
+  void setTimeout(long ticks) override { ticks_ = ticks; }
+
+  bool respondsTo(std::string_view selector) const override {
+    const std::optional<SimulatedApplications::Installed> installed =
+        appleEvents_.applications_.installed(bundleID_);
+    return installed && installed->isScriptable &&
+           std::ranges::find(playerCommands, selector) != playerCommands.end();
+  }
+
+  void send(std::string_view selector) override {
+    lastError_ = appleEvents_.deliver(bundleID_, selector, ticks_);
+  }
+
+  std::optional<std::string> lastError() const override { return lastError_; }
+
+ private:
+  SimulatedAppleEvents& appleEvents_;
+  const std::string bundleID_;
+  long ticks_ = defaultTicks;
+  std::optional<std::string> lastError_;
+};
+
+std::optional<std::int32_t> SimulatedAppleEvents::determinePermission(const std::string& bundleID,
+                                                                      bool askUserIfNeeded) {
+  Duration duration{};
+  {
+    const MutexLock lock(mutex_);
+    queries_.push_back({bundleID, askUserIfNeeded});
+    duration = queryDuration_;
+  }
+  if (bundleID.empty()) return std::nullopt;
+  if (duration > Duration::zero()) dispatch_.makeSemaphore(0)->wait(duration);
+  if (applications_.running(bundleID).empty()) return processNotFound;
+  return consent(bundleID, askUserIfNeeded);
+}
+
+std::int32_t SimulatedAppleEvents::consent(const std::string& bundleID, bool askUserIfNeeded) {
+  const MutexLock lock(mutex_);
+  const std::int32_t status = valueOr(consents_, bundleID, granted);
+  if (status != wouldRequireConsent || !askUserIfNeeded) return status;
+  ++prompts_;
+  const std::int32_t answer = valueOr(answers_, bundleID, granted);
+  consents_[bundleID] = answer;
+  return answer;
+}
+
+std::unique_ptr<ScriptingObject> SimulatedAppleEvents::application(const std::string& bundleID) {
+  {
+    const MutexLock lock(mutex_);
+    if (!canMakeObjects_) return nullptr;
+  }
+  if (!applications_.installed(bundleID)) return nullptr;
+  return std::make_unique<Object>(*this, bundleID);
+}
+
+std::optional<std::string> SimulatedAppleEvents::deliver(const std::string& bundleID,
+                                                         std::string_view selector, long ticks) {
+  {
+    const MutexLock lock(mutex_);
+    timeouts_.push_back(ticks);
+  }
+  if (applications_.running(bundleID).empty()) return "the application is not running";
+  if (consent(bundleID, true) != granted) return "not authorized to send Apple events";
+  switch (applications_.manner(bundleID)) {
+    case SimulatedApplications::Manner::answers:
+      applications_.recordCommand(bundleID, std::string(selector));
+      return std::nullopt;
+    case SimulatedApplications::Manner::fails:
+      return "the application reported an error";
+    case SimulatedApplications::Manner::neverAnswers:
+      break;
+  }
+  dispatch_.makeSemaphore(0)->wait(std::chrono::seconds(1) * ticks / ticksPerSecond);
+  return "the Apple event timed out";
+}
+
+void SimulatedAppleEvents::setConsent(const std::string& bundleID, std::int32_t status) {
+  const MutexLock lock(mutex_);
+  consents_[bundleID] = status;
+}
+
+void SimulatedAppleEvents::setAnswer(const std::string& bundleID, std::int32_t status) {
+  const MutexLock lock(mutex_);
+  answers_[bundleID] = status;
+}
+
+void SimulatedAppleEvents::setQueryDuration(Duration duration) {
+  const MutexLock lock(mutex_);
+  queryDuration_ = duration;
+}
+
+void SimulatedAppleEvents::setCanMakeObjects(bool can) {
+  const MutexLock lock(mutex_);
+  canMakeObjects_ = can;
+}
+
+std::vector<SimulatedAppleEvents::Query> SimulatedAppleEvents::queries() const {
+  const MutexLock lock(mutex_);
+  return queries_;
+}
+
+int SimulatedAppleEvents::prompts() const {
+  const MutexLock lock(mutex_);
+  return prompts_;
+}
+
+std::vector<long> SimulatedAppleEvents::timeouts() const {
+  const MutexLock lock(mutex_);
+  return timeouts_;
+}
+
+}  // namespace talmo

@@ -1,0 +1,81 @@
+#include "platform/simulated/SimulatedWorkspace.h"
+
+#include <string_view>
+#include <utility>
+
+#include "support/MutexLock.h"
+
+namespace talmo {
+namespace {
+
+constexpr std::string_view prefix = "file:///Applications/";
+constexpr std::string_view suffix = ".app/";
+
+/// The bundle identifier in a URL of `urlForApplication`; empty for any other.
+std::string bundleIDOf(std::string_view url) {
+  if (!url.starts_with(prefix) || !url.ends_with(suffix)) return {};
+  url.remove_prefix(prefix.size());
+  url.remove_suffix(suffix.size());
+  return std::string(url);
+}
+
+}  // namespace
+
+std::optional<std::string> SimulatedWorkspace::urlForApplication(
+    const std::string& bundleID) const {
+  if (!applications_.installed(bundleID)) return std::nullopt;
+  return std::string(prefix) + bundleID + std::string(suffix);
+}
+
+std::vector<RunningApplication> SimulatedWorkspace::runningApplications(
+    const std::string& bundleID) const {
+  return applications_.running(bundleID);
+}
+
+std::optional<std::string> SimulatedWorkspace::frontmostApplication() const {
+  return applications_.frontmost();
+}
+
+void SimulatedWorkspace::openApplication(const std::string& url) {
+  {
+    const MutexLock lock(mutex_);
+    openedApplications_.push_back(url);
+  }
+  const std::string bundleID = bundleIDOf(url);
+  if (applications_.installed(bundleID) && applications_.running(bundleID).empty()) {
+    applications_.launch(bundleID);
+  }
+}
+
+void SimulatedWorkspace::openURL(const std::string& url) {
+  const MutexLock lock(mutex_);
+  openedURLs_.push_back(url);
+}
+
+std::optional<Date> SimulatedWorkspace::lastUsedDate(const std::string& url) const {
+  const std::optional<SimulatedApplications::Installed> installed =
+      applications_.installed(bundleIDOf(url));
+  return installed ? installed->lastUsed : std::nullopt;
+}
+
+std::vector<LocalPlayer> SimulatedWorkspace::localPlayers() const {
+  const MutexLock lock(mutex_);
+  return localPlayers_;
+}
+
+void SimulatedWorkspace::setLocalPlayers(std::vector<LocalPlayer> players) {
+  const MutexLock lock(mutex_);
+  localPlayers_ = std::move(players);
+}
+
+std::vector<std::string> SimulatedWorkspace::openedApplications() const {
+  const MutexLock lock(mutex_);
+  return openedApplications_;
+}
+
+std::vector<std::string> SimulatedWorkspace::openedURLs() const {
+  const MutexLock lock(mutex_);
+  return openedURLs_;
+}
+
+}  // namespace talmo

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/simulated/SimulatedApplications.h"
+#include "platform/Workspace.h"
+#include "support/Mutex.h"
+#include "support/ThreadSafety.h"
+
+namespace talmo {
+
+/// The workspace of the simulated machine. An application that is opened runs at once. Any thread.
+class SimulatedWorkspace : public Workspace {
+ public:
+  explicit SimulatedWorkspace(SimulatedApplications& applications) : applications_(applications) {}
+
+  std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
+  std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
+  std::optional<std::string> frontmostApplication() const override;
+  void openApplication(const std::string& url) override;
+  void openURL(const std::string& url) override;
+  std::optional<Date> lastUsedDate(const std::string& url) const override;
+  std::vector<LocalPlayer> localPlayers() const override;
+
+  /// What this system's backend contributes; none at first. Before the registry is first asked.
+  void setLocalPlayers(std::vector<LocalPlayer> players);
+
+  /// The URLs of all applications that were to be opened, in order.
+  std::vector<std::string> openedApplications() const;
+  std::vector<std::string> openedURLs() const;
+
+ private:
+  SimulatedApplications& applications_;
+  mutable Mutex mutex_;
+  std::vector<LocalPlayer> localPlayers_ TALMO_GUARDED_BY(mutex_);
+  std::vector<std::string> openedApplications_ TALMO_GUARDED_BY(mutex_);
+  std::vector<std::string> openedURLs_ TALMO_GUARDED_BY(mutex_);
+};
+
+}  // namespace talmo

@@ -1,0 +1,24 @@
+// Runs the component tests in virtual time, each with several seeds.
+
+#include "tests/component/AppCoordinatorTest.h"
+#include "tests/component/AutomationPermissionTest.h"
+#include "tests/component/MediaKeyTapTest.h"
+#include "tests/component/SimulatedWorld.h"
+
+namespace talmo::test {
+namespace {
+
+template <std::uint64_t seed>
+std::unique_ptr<World> make() {
+  return std::make_unique<SimulatedWorld>(seed);
+}
+
+const auto worlds =
+    testing::Values(&make<0>, &make<1>, &make<2>, &make<3>, &make<4>, &make<5>, &make<6>, &make<7>);
+
+INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
+
+}  // namespace
+}  // namespace talmo::test
