@@ -18,7 +18,7 @@ Scheduler::Scheduler(std::uint64_t seed)
 }
 
 Scheduler::~Scheduler() {
-  shutDown();
+  shutdown();
   for (Context& worker : workers_) {
     {
       const std::lock_guard lock(turnMutex_);
@@ -94,7 +94,7 @@ bool Scheduler::runUntil(std::function<bool()> condition, Duration limit) {
   return std::exchange(condition_, nullptr)();
 }
 
-void Scheduler::shutDown() {
+void Scheduler::shutdown() {
   if (isShutDown_) return;
   isShutDown_ = true;
   const auto lanes = std::exchange(lanesWithWork_, {});

@@ -81,7 +81,7 @@ class Scheduler {
 
   /// Ends all work: what waits goes on with its wait at an end, what is queued is dropped, and
   /// nothing new is taken. Called by the destructor at the latest.
-  void shutDown();
+  void shutdown();
 
   /// Every choice so far: the labels of what was picked, in order.
   const std::vector<std::string>& trace() const { return trace_; }

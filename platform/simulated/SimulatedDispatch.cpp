@@ -76,7 +76,7 @@ SimulatedDispatch::SimulatedDispatch(std::uint64_t seed)
 }
 
 SimulatedDispatch::~SimulatedDispatch() {
-  shutDown();
+  shutdown();
 }
 
 Queue& SimulatedDispatch::globalQueue(QualityOfService quality) {

@@ -46,8 +46,8 @@ class SimulatedDispatch : public Dispatch {
   const std::vector<std::string>& startedThreads() const { return startedThreads_; }
   /// What the scheduler picked so far, in order.
   const std::vector<std::string>& trace() const { return scheduler_->trace(); }
-  /// Ends all work for good; see `Scheduler::shutDown`.
-  void shutDown() { scheduler_->shutDown(); }
+  /// Ends all work for good; see `Scheduler::shutdown`.
+  void shutdown() { scheduler_->shutdown(); }
 
  private:
   // Queues, semaphores and timers may outlive the dispatch; they share the scheduler.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
@@ -19,22 +21,26 @@ namespace talmo {
 /// one to have the same world on real threads. Only the first makes a run repeatable.
 class SimulatedPlatform : public Platform {
  public:
-  explicit SimulatedPlatform(std::unique_ptr<Dispatch> dispatch,
+  /// `RunningDispatch` is a `Dispatch` whose `shutdown` ends all work for good.
+  template <class RunningDispatch>
+  explicit SimulatedPlatform(std::unique_ptr<RunningDispatch> dispatch,
                              std::shared_ptr<SimulatedUserDefaults::Store> settings =
                                  std::make_shared<SimulatedUserDefaults::Store>())
-      : ownedDispatch_(std::move(dispatch)), userDefaults_(std::move(settings)) {
+      : endWork_([&running = *dispatch] { running.shutdown(); }),
+        dispatch_(std::move(dispatch)),
+        userDefaults_(std::move(settings)) {
     setPlatform(this);
   }
 
   ~SimulatedPlatform() override {
-    // All work ends before the components' records go, and these before what they may use.
-    ownedDispatch_.reset();
+    // All work ends before the components' records go, and these before what they hold.
+    endWork_();
     states().clear();
     setPlatform(nullptr);
   }
 
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
-  Dispatch& dispatch() override { return dispatch_; }
+  Dispatch& dispatch() override { return *dispatch_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
@@ -45,14 +51,13 @@ class SimulatedPlatform : public Platform {
   SimulatedApplications& applications() { return applications_; }
 
  private:
-  std::unique_ptr<Dispatch> ownedDispatch_;
-  // Still there for what runs while the owner is being destroyed.
-  Dispatch& dispatch_ = *ownedDispatch_;
+  const std::function<void()> endWork_;
+  const std::unique_ptr<Dispatch> dispatch_;
   SimulatedLog log_;
   SimulatedUserDefaults userDefaults_;
   SimulatedApplications applications_;
-  SimulatedAppleEvents appleEvents_{dispatch_, applications_};
-  SimulatedEventTap eventTap_{dispatch_};
+  SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedEventTap eventTap_{*dispatch_};
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedWorkspace workspace_{applications_};
 };

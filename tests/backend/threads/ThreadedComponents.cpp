@@ -1,0 +1,48 @@
+// Runs the component tests on real threads: the machine is the simulated one, the queues, threads
+// and clocks are not.
+
+#include <memory>
+#include <utility>
+
+#include "platform/linux/LinuxDispatch.h"
+#include "tests/component/AppCoordinatorTest.h"
+#include "tests/component/AutomationPermissionTest.h"
+#include "tests/component/MediaKeyTapTest.h"
+#include "tests/component/World.h"
+
+namespace talmo::test {
+namespace {
+
+class ThreadedWorld : public World {
+ public:
+  ThreadedWorld() : ThreadedWorld(std::make_unique<LinuxDispatch>()) {}
+
+  SimulatedPlatform& machine() override { return machine_; }
+  bool runUntil(const std::function<bool()>& condition) override {
+    // The condition may come true on another thread, without an item of the main queue.
+    const Uptime deadline = dispatch_.uptime() + std::chrono::seconds(10);
+    while (!condition()) {
+      const Uptime now = dispatch_.uptime();
+      if (now >= deadline) return false;
+      dispatch_.serveMainQueueUntil(condition, now + std::chrono::milliseconds(2));
+    }
+    return true;
+  }
+
+ private:
+  explicit ThreadedWorld(std::unique_ptr<LinuxDispatch> dispatch)
+      : dispatch_(*dispatch), machine_(std::move(dispatch)) {}
+
+  LinuxDispatch& dispatch_;
+  SimulatedPlatform machine_;
+};
+
+const auto world =
+    testing::Values(+[]() -> std::unique_ptr<World> { return std::make_unique<ThreadedWorld>(); });
+
+INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
+
+}  // namespace
+}  // namespace talmo::test
