@@ -39,8 +39,9 @@ class PrivateDesktop {
   /// The value for DBUS_SESSION_BUS_ADDRESS.
   const std::string& busAddress() const { return bus_->address(); }
 
-  /// The X server, for a test that ends it.
+  /// The X server and the session bus, for a test that ends them.
   TestProcess& xServer() { return display_->server(); }
+  TestProcess& sessionBus() { return bus_->daemon(); }
 
   /// The folder that all of it lives in.
   const std::filesystem::path& folder() const { return folder_.path(); }
