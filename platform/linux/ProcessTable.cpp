@@ -102,6 +102,12 @@ std::string ProcessTable::executable(ProcessIdentifier process) {
   return std::string(fileName(path));
 }
 
+bool ProcessTable::isOurs(ProcessIdentifier process) {
+  struct stat status{};
+  return process > 0 && ::stat(pathOf(process, "").c_str(), &status) == 0 &&
+         status.st_uid == ::geteuid();
+}
+
 std::vector<ProcessIdentifier> ProcessTable::running(const std::vector<std::string_view>& names) {
   const std::vector<ProcessIdentifier> all = processesOfThisUser();
   std::vector<ProcessIdentifier> found;

@@ -16,6 +16,9 @@ class ProcessTable {
   /// The file name of the program that the process runs; empty when that cannot be seen.
   static std::string executable(ProcessIdentifier process);
 
+  /// Whether there is such a process and it is this user's.
+  static bool isOurs(ProcessIdentifier process);
+
   /// The processes of this user that run a program of one of these file names. Where no process
   /// does, those that go by such a name: a script, or a program that its wrapper renamed. Processes
   /// that another of them started are its helpers and are left out.

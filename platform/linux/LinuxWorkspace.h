@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Dispatch.h"
+#include "platform/Workspace.h"
+
+namespace talmo {
+
+/// The workspace of a Linux desktop: desktop entries, and the session bus, windows and processes by
+/// which the instances of an application are found. Bundle identifiers are those of
+/// `LinuxApplications`. Without a session bus or a display the rest is still answered.
+class LinuxWorkspace : public Workspace {
+ public:
+  /// Applications and URLs are opened on `dispatch`'s global queue; it outlives this object.
+  explicit LinuxWorkspace(Dispatch& dispatch) : dispatch_(dispatch) {}
+
+  /// A file URL of the desktop entry.
+  std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
+
+  /// From the first source that knows any: the owners of its player names on the session bus, the
+  /// processes of its windows, the processes that run its programs.
+  std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
+
+  /// For an application that is not in the table, the id of its desktop entry.
+  std::optional<std::string> frontmostApplication() const override;
+
+  void openApplication(const std::string& url) override;
+  void openURL(const std::string& url) override;
+
+  /// From the desktop's list of recently used files.
+  std::optional<Date> lastUsedDate(const std::string& url) const override;
+
+  std::vector<LocalPlayer> localPlayers() const override;
+
+ private:
+  Dispatch& dispatch_;
+};
+
+}  // namespace talmo
