@@ -91,6 +91,14 @@ std::vector<std::string> XConnection::texts(xcb_window_t window, const std::stri
   return found;
 }
 
+bool XConnection::hasProperty(xcb_window_t window, const std::string& property) {
+  const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      connection_,
+      xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 0),
+      nullptr));
+  return reply && reply->type != XCB_ATOM_NONE;
+}
+
 std::vector<xcb_window_t> XConnection::children(xcb_window_t window) const {
   const XReply<xcb_query_tree_reply_t> reply(
       xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));

@@ -49,6 +49,9 @@ class XConnection {
   /// The atoms of an ATOM property; empty when there is none.
   std::vector<xcb_atom_t> atoms(xcb_window_t window, const std::string& property);
 
+  /// Whether a window has the property, of whatever type.
+  bool hasProperty(xcb_window_t window, const std::string& property);
+
   /// The children of a window, bottom-most first.
   std::vector<xcb_window_t> children(xcb_window_t window) const;
 

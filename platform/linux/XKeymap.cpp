@@ -70,13 +70,13 @@ xkb_keysym_t XKeymap::keysym(xcb_keycode_t keycode, std::uint16_t state) const {
   return xkb_state_key_get_one_sym(state_.get(), keycode);
 }
 
-bool XKeymap::gives(XKeyPlace place, xkb_keysym_t wanted) const {
+std::optional<std::uint16_t> XKeymap::stateFor(XKeyPlace place, xkb_keysym_t wanted) const {
   const xkb_layout_index_t groups = xkb_keymap_num_layouts_for_key(keymap_.get(), place.keycode);
   for (xkb_layout_index_t group = 0; group < groups; ++group) {
     const auto state = static_cast<std::uint16_t>(place.modifiers | (group << groupShift));
-    if (keysym(place.keycode, state) == wanted) return true;
+    if (keysym(place.keycode, state) == wanted) return state;
   }
-  return false;
+  return std::nullopt;
 }
 
 std::vector<XKeyPlace> XKeymap::places(xkb_keysym_t wanted) const {

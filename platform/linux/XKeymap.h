@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,8 +33,9 @@ class XKeymap {
   /// bits 13 and 14). Allocates nothing.
   xkb_keysym_t keysym(xcb_keycode_t keycode, std::uint16_t state) const;
 
-  /// Whether a key under these modifiers gives the keysym in any group.
-  bool gives(XKeyPlace place, xkb_keysym_t keysym) const;
+  /// The state, as above, in which a key under these modifiers gives the keysym: the first group
+  /// that does; nothing when none does.
+  std::optional<std::uint16_t> stateFor(XKeyPlace place, xkb_keysym_t keysym) const;
 
   /// Every key that carries the keysym, in any group and on any level, by ascending keycode, each
   /// with the fewest modifiers that give it there.
