@@ -112,6 +112,7 @@ FakePlayer::FakePlayer(Start start)
   sd_bus* bus = nullptr;
   check(sd_bus_open_user(&bus), "no session bus");
   bus_.reset(bus);
+  check(sd_bus_set_exit_on_disconnect(bus, start_.endsWithBus ? 1 : 0), "the bus's end");
   check(sd_bus_add_object_vtable(bus, nullptr, objectPath, rootInterface, root, this),
         "the root interface");
   check(sd_bus_add_object_vtable(bus, nullptr, objectPath, playerInterface, commands, this),

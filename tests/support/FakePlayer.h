@@ -34,6 +34,8 @@ class FakePlayer {
     std::string name;
     Behaviour behaviour = Behaviour::answers;
     std::string playbackStatus = "Playing";
+    /// Whether the process ends when the bus goes away, so that a program is not left behind.
+    bool endsWithBus = false;
     /// Called on the player's thread with each command (its method's name) before it is answered.
     std::function<void(const std::string&)> onCommand = {};
   };

@@ -2,7 +2,8 @@
 //
 // A fake player with a process of its own. NAME is what follows "org.mpris.MediaPlayer2." in its
 // bus name. It writes "ready" when it is on the bus, and for each command the nanoseconds of the
-// monotonic clock and the method's name. It ends on SIGTERM or SIGINT.
+// monotonic clock and the method's name. It ends on SIGTERM, on SIGINT and, unless
+// it hangs, with its bus.
 #include <chrono>
 #include <csignal>
 #include <exception>
@@ -33,7 +34,8 @@ void print(const std::string& command) {
 int main(int count, char** values) {
   const std::vector<std::string_view> arguments(values + 1, values + count);
   if (arguments.empty()) return usage();
-  FakePlayer::Start start{.name = std::string(arguments[0]), .onCommand = print};
+  FakePlayer::Start start{
+      .name = std::string(arguments[0]), .endsWithBus = true, .onCommand = print};
   for (std::size_t index = 1; index < arguments.size(); ++index) {
     if (arguments[index] == "--hang") {
       start.behaviour = FakePlayer::Behaviour::hangs;

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/contract/WorkspaceWorld.h"
+
+namespace talmo::test {
+
+/// What every `Workspace` answers; nothing is opened. Instantiated once per backend, with what
+/// makes a fresh world.
+class WorkspaceContract
+    : public testing::TestWithParam<std::function<std::unique_ptr<WorkspaceWorld>()>> {
+ protected:
+  static constexpr const char* spotify = "com.spotify.client";
+  static constexpr const char* vlc = "org.videolan.vlc";
+  static constexpr const char* unknown = "com.example.nobody";
+
+  WorkspaceWorld& world() { return *world_; }
+  Workspace& workspace() { return world_->workspace(); }
+
+  std::vector<ProcessIdentifier> processes(const std::string& bundleID);
+
+  /// When an installed application was last used.
+  std::optional<Date> lastUsed(const std::string& bundleID);
+
+ private:
+  const std::unique_ptr<WorkspaceWorld> world_ = GetParam()();
+};
+
+}  // namespace talmo::test
