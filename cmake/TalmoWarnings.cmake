@@ -2,7 +2,7 @@
 add_library(talmo_warnings INTERFACE)
 target_compile_options(talmo_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
   -Wno-missing-field-initializers)
 
 option(TALMO_WARNINGS_AS_ERRORS "Let a warning fail the build" ON)
