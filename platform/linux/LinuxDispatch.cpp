@@ -83,7 +83,14 @@ Queue& LinuxDispatch::globalQueue(QualityOfService quality) {
 }
 
 std::shared_ptr<Queue> LinuxDispatch::makeSerialQueue(std::string label, QualityOfService quality) {
-  return std::make_shared<LinuxSerialQueue>(std::move(label), workers(quality).pool, delayed_);
+  const auto thread = std::make_shared<LinuxQueueThread>(threads_, label, quality);
+  {
+    const MutexLock lock(queuesLock_);
+    if (closed_) thread->close();
+    std::erase_if(queues_, [](const auto& queue) { return queue.expired(); });
+    queues_.push_back(thread);
+  }
+  return std::make_shared<LinuxSerialQueue>(std::move(label), thread, delayed_);
 }
 
 void LinuxDispatch::concurrentPerform(std::size_t count,
@@ -128,6 +135,15 @@ bool LinuxDispatch::shutdown(std::optional<Duration> grace) {
   delayed_.close();
   mainQueue_.close();
   for (Workers& workers : workers_) workers.pool.close();
+  std::vector<std::weak_ptr<LinuxQueueThread>> queues;
+  {
+    const MutexLock lock(queuesLock_);
+    closed_ = true;
+    queues.swap(queues_);
+  }
+  for (const auto& queue : queues) {
+    if (const auto thread = queue.lock()) thread->close();
+  }
   return threads_.waitForAll(deadline);
 }
 

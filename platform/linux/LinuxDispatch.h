@@ -7,13 +7,17 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/Dispatch.h"
 #include "platform/linux/LinuxDelayedWork.h"
 #include "platform/linux/LinuxGlobalQueue.h"
 #include "platform/linux/LinuxMainQueue.h"
+#include "platform/linux/LinuxQueueThread.h"
 #include "platform/linux/LinuxThreads.h"
 #include "platform/linux/LinuxWorkerPool.h"
+#include "support/Mutex.h"
+#include "support/ThreadSafety.h"
 
 namespace talmo {
 
@@ -72,6 +76,10 @@ class LinuxDispatch : public Dispatch {
   LinuxMainQueue mainQueue_;
   // By quality of service: an unprivileged thread that made way for others cannot come back.
   std::array<Workers, 4> workers_;
+  Mutex queuesLock_;
+  // Of the serial queues, to close them.
+  std::vector<std::weak_ptr<LinuxQueueThread>> queues_ TALMO_GUARDED_BY(queuesLock_);
+  bool closed_ TALMO_GUARDED_BY(queuesLock_) = false;
 };
 
 }  // namespace talmo

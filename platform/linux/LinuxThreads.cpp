@@ -15,6 +15,11 @@ constexpr std::size_t longestName = 15;
 
 constexpr int utilityNiceness = 5;
 
+void setCurrentName(const std::string& label) {
+  const std::string name = label.substr(label.rfind('.') + 1, longestName);
+  ::pthread_setname_np(::pthread_self(), name.c_str());
+}
+
 void setCurrentQuality(QualityOfService quality) {
   // On Linux the niceness of a thread is its own. Work that is more urgent than usual would need a
   // privilege, and less than usual never does.
@@ -29,15 +34,15 @@ LinuxThreads::~LinuxThreads() {
   waitForAll(std::nullopt);
 }
 
-void LinuxThreads::start(const std::string& name, QualityOfService quality,
+void LinuxThreads::start(const std::string& label, QualityOfService quality,
                          std::function<void()> body) {
   std::list<std::thread> ended;
   {
     const MutexLock lock(mutex_);
     ended.swap(ended_);
     const auto thread = running_.emplace(running_.end());
-    *thread = std::thread([this, thread, name, quality, body = std::move(body)]() mutable {
-      setCurrentName(name);
+    *thread = std::thread([this, thread, label, quality, body = std::move(body)]() mutable {
+      setCurrentName(label);
       setCurrentQuality(quality);
       body();
       body = nullptr;
@@ -64,11 +69,6 @@ bool LinuxThreads::waitForAll(std::optional<Uptime> deadline) {
   }
   for (std::thread& thread : ended) thread.join();
   return all;
-}
-
-void LinuxThreads::setCurrentName(const std::string& label) {
-  const std::string name = label.substr(label.rfind('.') + 1, longestName);
-  ::pthread_setname_np(::pthread_self(), name.c_str());
 }
 
 void LinuxThreads::end(std::list<std::thread>::iterator thread) {

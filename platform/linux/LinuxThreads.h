@@ -23,16 +23,13 @@ class LinuxThreads {
   LinuxThreads(const LinuxThreads&) = delete;
   LinuxThreads& operator=(const LinuxThreads&) = delete;
 
-  /// Starts a thread that runs `body`, releases it and ends.
-  void start(const std::string& name, QualityOfService quality, std::function<void()> body);
+  /// Starts a thread that runs `body`, releases it and ends. Debuggers show it by the last
+  /// component of `label`, cut to what the kernel keeps.
+  void start(const std::string& label, QualityOfService quality, std::function<void()> body);
 
   /// Waits until no thread runs, at most until `deadline` when there is one; returns whether none
   /// does. Not on one of the threads.
   bool waitForAll(std::optional<Uptime> deadline);
-
-  /// Gives the calling thread the name that debuggers show: the last component of `label`, cut to
-  /// what the kernel keeps.
-  static void setCurrentName(const std::string& label);
 
  private:
   void end(std::list<std::thread>::iterator thread);

@@ -51,8 +51,6 @@ void LinuxWorkerPool::serve() {
       work_.pop_front();
     }
     work();
-    // A serial queue names the worker that serves it.
-    LinuxThreads::setCurrentName(name_);
   }
 }
 

@@ -74,23 +74,39 @@ TEST(LinuxDispatch, ThreadsAreNamedAfterTheLastComponentOfTheirLabel) {
   EXPECT_EQ(name, "plain");
 }
 
-TEST(LinuxDispatch, WorkerBearsTheNameOfTheQueueThatItServes) {
+TEST(LinuxDispatch, SerialQueueHasANamedThreadOfItsOwn) {
   LinuxDispatch dispatch;
   const std::string before = currentThreadName();
   std::string name;
-  const auto look = [&name] { name = currentThreadName(); };
+  pid_t thread = 0;
+  const auto look = [&] {
+    name = currentThreadName();
+    thread = ::gettid();
+  };
   const auto commands =
       dispatch.makeSerialQueue("nl.brelm.talmo.commands", QualityOfService::unspecified);
   const auto webTab =
       dispatch.makeSerialQueue("nl.brelm.talmo.web-tab", QualityOfService::unspecified);
-  Queue& global = dispatch.globalQueue(QualityOfService::unspecified);
   runAndWait(dispatch, [&](auto work) { commands->async(std::move(work)); }, look);
   EXPECT_EQ(name, "commands");
+  const pid_t first = thread;
   runAndWait(dispatch, [&](auto work) { webTab->async(std::move(work)); }, look);
   EXPECT_EQ(name, "web-tab");
-  runAndWait(dispatch, [&](auto work) { global.async(std::move(work)); }, look);
-  EXPECT_EQ(name, "global");
+  EXPECT_NE(thread, first);
+  runAndWait(dispatch, [&](auto work) { commands->async(std::move(work)); }, look);
+  EXPECT_EQ(thread, first);
   EXPECT_EQ(currentThreadName(), before);
+}
+
+TEST(LinuxDispatch, ThreadOfASerialQueueEndsWithItsOwner) {
+  LinuxDispatch dispatch;
+  const std::ptrdiff_t before = threadsOfThisProcess();
+  auto queue = dispatch.makeSerialQueue("queue", QualityOfService::unspecified);
+  EXPECT_EQ(threadsOfThisProcess(), before) << "a queue without items needs no thread";
+  runAndWait(dispatch, [&](auto work) { queue->async(std::move(work)); }, [] {});
+  EXPECT_EQ(threadsOfThisProcess(), before + 1);
+  queue.reset();
+  EXPECT_TRUE(waitUntil([before] { return threadsOfThisProcess() == before; }));
 }
 
 TEST(LinuxDispatch, UtilityWorkMakesWayForOthers) {

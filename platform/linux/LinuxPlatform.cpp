@@ -1,0 +1,18 @@
+#include "platform/linux/LinuxPlatform.h"
+
+#include "platform/linux/LinuxApplications.h"
+
+namespace talmo {
+
+LinuxPlatform::LinuxPlatform()
+    : userDefaults_(LinuxUserDefaults::standardFile()),
+      keyEvents_(LinuxApplications::strokeException),
+      workspace_(dispatch_) {}
+
+LinuxPlatform::~LinuxPlatform() {
+  dispatch_.shutdown();
+  // The components' records may hold queues.
+  states().clear();
+}
+
+}  // namespace talmo

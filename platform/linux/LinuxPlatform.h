@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/linux/LinuxAppleEvents.h"
+#include "platform/linux/LinuxDispatch.h"
+#include "platform/linux/LinuxEventTap.h"
+#include "platform/linux/LinuxKeyEvents.h"
+#include "platform/linux/LinuxLog.h"
+#include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/Platform.h"
+
+namespace talmo {
+
+/// The services of a Linux desktop. The thread that makes it is the main thread; it destroys it
+/// after every tap has been stopped, and while it is still the platform in use.
+class LinuxPlatform : public Platform {
+ public:
+  LinuxPlatform();
+  /// Waits for what runs on the queues.
+  ~LinuxPlatform() override;
+
+  LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxDispatch& dispatch() override { return dispatch_; }
+  LinuxEventTap& eventTap() override { return eventTap_; }
+  LinuxKeyEvents& keyEvents() override { return keyEvents_; }
+  LinuxLog& log() override { return log_; }
+  LinuxUserDefaults& userDefaults() override { return userDefaults_; }
+  LinuxWorkspace& workspace() override { return workspace_; }
+
+ private:
+  LinuxLog log_;
+  LinuxDispatch dispatch_;
+  LinuxUserDefaults userDefaults_;
+  LinuxEventTap eventTap_;
+  LinuxKeyEvents keyEvents_;
+  LinuxAppleEvents appleEvents_;
+  LinuxWorkspace workspace_;
+};
+
+}  // namespace talmo

@@ -1,0 +1,83 @@
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <signal.h>
+
+#include "app/AppCoordinator.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/TerminationSignals.h"
+#include "platform/linux/XConnection.h"
+#include "platform/Platform.h"
+#include "support/Logger.h"
+
+namespace talmo {
+namespace {
+
+constexpr Logger log("main");
+
+constexpr int usageError = 2;
+
+// How long a command may still take when the program leaves. A player that does not answer takes
+// longer, and is not worth waiting for: the keys are free and the settings are stored by then.
+constexpr Duration grace = std::chrono::milliseconds(500);
+
+/// A write to a pipe or socket without a reader is a failed write and nothing more. A handler, as
+/// programs that are started later would inherit an ignored signal.
+void surviveBrokenPipes() {
+  struct sigaction action{};
+  action.sa_handler = [](int) {};
+  action.sa_flags = SA_RESTART;
+  ::sigaction(SIGPIPE, &action, nullptr);
+}
+
+/// Serves the program until a signal or the loss of the display; returns the exit status.
+int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
+  LinuxDispatch& dispatch = platform.dispatch();
+  const TerminationSignals signals(dispatch);
+  platform.eventTap().onDisplayLost([&dispatch] { dispatch.stopMainLoop(); });
+
+  coordinator.start();
+  if (!coordinator.tap().isRunning() && !XConnection::open()) {
+    const char* const display = std::getenv("DISPLAY");
+    std::fprintf(stderr, "talmo: there is no X display to take media keys from (DISPLAY is %s)\n",
+                 display != nullptr ? display : "not set");
+    return EXIT_FAILURE;
+  }
+  dispatch.runMainLoop();
+
+  const std::optional<int> signal = signals.received();
+  if (signal) {
+    log.info("leaving on signal %d", *signal);
+  } else {
+    log.error("the X display has gone; leaving");
+  }
+  const int status = signal ? EXIT_SUCCESS : EXIT_FAILURE;
+  coordinator.tap().stop();
+  if (!dispatch.shutdown(grace)) {
+    log.notice("not waiting for the last command");
+    std::_Exit(status);
+  }
+  return status;
+}
+
+}  // namespace
+}  // namespace talmo
+
+int main(int count, char** arguments) {
+  if (count > 1) {
+    std::fprintf(stderr, "talmo: unknown argument %s\nusage: talmo\n", arguments[1]);
+    return talmo::usageError;
+  }
+  talmo::surviveBrokenPipes();
+  int status = EXIT_SUCCESS;
+  {
+    talmo::LinuxPlatform platform;
+    talmo::setPlatform(&platform);
+    const auto coordinator = talmo::AppCoordinator::make();
+    status = talmo::serve(platform, *coordinator);
+  }
+  talmo::setPlatform(nullptr);
+  return status;
+}
