@@ -26,21 +26,35 @@ std::unique_ptr<Value, decltype(&::free)> owned(Value* value) {
   return {value, &::free};
 }
 
-/// Whether a window manager has announced itself on the display.
-bool isManaged(const std::string& display) {
+/// Whether a window manager has taken the window in (ICCCM 4.1.3.1).
+bool isManaged(xcb_connection_t* connection, xcb_window_t window) {
+  constexpr std::string_view name = "WM_STATE";
+  const auto atom = owned(xcb_intern_atom_reply(
+      connection, xcb_intern_atom(connection, 0, name.size(), name.data()), nullptr));
+  if (!atom) return false;
+  const auto property = owned(xcb_get_property_reply(
+      connection,
+      xcb_get_property(connection, 0, window, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1),
+      nullptr));
+  return property && xcb_get_property_value_length(property.get()) > 0;
+}
+
+/// Waits until the display's window manager takes in new windows. It announces itself before, and
+/// overlooks windows that want to be mapped in between; so a window asks until it is taken in.
+bool waitForWindowManager(const std::string& display) {
   const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(
       xcb_connect(display.c_str(), nullptr), &xcb_disconnect);
   if (xcb_connection_has_error(connection.get()) != 0) return false;
-  constexpr std::string_view name = "_NET_SUPPORTING_WM_CHECK";
-  const auto atom = owned(xcb_intern_atom_reply(
-      connection.get(), xcb_intern_atom(connection.get(), 0, name.size(), name.data()), nullptr));
-  if (!atom) return false;
   const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data->root;
-  const auto property = owned(xcb_get_property_reply(
-      connection.get(),
-      xcb_get_property(connection.get(), 0, root, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1),
-      nullptr));
-  return property && xcb_get_property_value_length(property.get()) > 0;
+  const xcb_window_t window = xcb_generate_id(connection.get());
+  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window, root, 0, 0, 1, 1, 0,
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+  return waitUntil(
+      [&] {
+        xcb_map_window(connection.get(), window);
+        return isManaged(connection.get(), window);
+      },
+      20s, 20ms);
 }
 
 /// One entry of a process's environment as it was at its start.
@@ -110,7 +124,7 @@ void PrivateDesktop::makeEnvironment() {
 
 void PrivateDesktop::startWindowManager() {
   windowManager_ = start({"openbox", "--sm-disable"});
-  if (!waitUntil([this] { return isManaged(displayName()); }, 20s, 20ms)) {
+  if (!waitForWindowManager(displayName())) {
     throw std::runtime_error("the window manager did not start: " + windowManager_->output());
   }
 }
