@@ -1,6 +1,7 @@
 #include "platform/linux/DesktopEntry.h"
 
-#include <algorithm>
+#include <filesystem>
+#include <utility>
 
 namespace talmo {
 namespace {
@@ -81,6 +82,15 @@ std::string DesktopEntry::url() const {
 
 std::string DesktopEntry::name() const {
   return orEmpty(g_app_info_get_name(G_APP_INFO(info_.get())));
+}
+
+std::optional<std::string> DesktopEntry::busName() const {
+  if (g_desktop_app_info_get_boolean(info_.get(), "DBusActivatable") == FALSE) return std::nullopt;
+  // The name of its file, whatever folder below the data folders that is in.
+  const std::filesystem::path file(orEmpty(g_desktop_app_info_get_filename(info_.get())));
+  std::string name = file.stem();
+  if (g_dbus_is_name(name.c_str()) == FALSE) return std::nullopt;
+  return name;
 }
 
 std::string DesktopEntry::executable() const {

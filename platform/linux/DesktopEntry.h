@@ -40,6 +40,10 @@ class DesktopEntry {
   /// The file name of the program that it starts.
   std::string executable() const;
 
+  /// The name on the session bus by which the application wants to be started; nothing for one that
+  /// is started as a program.
+  std::optional<std::string> busName() const;
+
   GDesktopAppInfo* get() const { return info_.get(); }
 
  private:

@@ -13,7 +13,6 @@ struct GlibRelease {
   void operator()(char** list) const { g_strfreev(list); }
   void operator()(GError* error) const { g_error_free(error); }
   void operator()(GBookmarkFile* file) const { g_bookmark_file_free(file); }
-  void operator()(GMainContext* context) const { g_main_context_unref(context); }
 };
 
 struct GObjectRelease {
