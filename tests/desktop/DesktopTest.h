@@ -26,8 +26,8 @@ class DesktopTest : public ::testing::Test {
   /// Starts Talmo with the settings as they are.
   TalmoProcess& startTalmo();
 
-  /// Types "a", which nobody but the window in front takes, and returns what that window got since
-  /// it was last asked, "+a -a" for that alone.
+  /// Types "z", which nobody but the window in front takes, waits until that window has it, and
+  /// returns what the window got since it was last asked: "+z -z" for that alone.
   std::string windowAfterTyping();
 
   /// Makes a player known to the desktop under `name`.desktop, started by `command`.

@@ -35,7 +35,7 @@ TEST_F(Life, EndsInOrderAtATerminationSignalAndFreesTheKeys) {
   talmo_->process().signal(SIGTERM);
   EXPECT_EQ(talmo_->process().waitForExit(20s), 0) << talmo_->log();
   keys_.tap("XF86AudioNext");
-  EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +a -a");
+  EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +z -z");
   EXPECT_THAT(player.commands(), ElementsAre("Next"));
 }
 
@@ -52,7 +52,7 @@ TEST_F(Life, FreesTheKeysWhenItIsKilled) {
   talmo_->process().signal(SIGKILL);
   EXPECT_EQ(talmo_->process().waitForExit(20s), -SIGKILL);
   keys_.tap("XF86AudioNext");
-  EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +a -a");
+  EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +z -z");
 }
 
 TEST_F(Life, FreesTheKeyboardWhenItIsKilledWhileAKeyIsHeld) {
@@ -62,7 +62,7 @@ TEST_F(Life, FreesTheKeyboardWhenItIsKilledWhileAKeyIsHeld) {
   talmo_->process().signal(SIGKILL);
   EXPECT_EQ(talmo_->process().waitForExit(20s), -SIGKILL);
   keys_.release("XF86AudioNext");
-  EXPECT_THAT(windowAfterTyping(), ::testing::EndsWith("+a -a"));
+  EXPECT_THAT(windowAfterTyping(), ::testing::EndsWith("+z -z"));
 }
 
 TEST_F(Life, EndsInOrderWhileACommandWaitsForAPlayer) {
@@ -88,7 +88,7 @@ TEST_F(Life, GoesOnWhenTheSessionBusGoes) {
   keys_.tap("XF86AudioNext");
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(talmo_->waitForLines("media key:", 2)) << talmo_->log();
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
   EXPECT_TRUE(talmo_->process().isRunning()) << talmo_->log();
 }
 
@@ -106,7 +106,7 @@ TEST_F(Life, StaysAliveWithoutAKeyThatSomebodyElseHolds) {
 
   // The keys that nobody holds reach the window in front.
   keys_.tap("XF86AudioPlay");
-  EXPECT_EQ(windowAfterTyping(), "+XF86AudioPlay -XF86AudioPlay +a -a");
+  EXPECT_EQ(windowAfterTyping(), "+XF86AudioPlay -XF86AudioPlay +z -z");
   EXPECT_THAT(player.commands(), ElementsAre());
   EXPECT_TRUE(talmo_->process().isRunning()) << talmo_->log();
 }

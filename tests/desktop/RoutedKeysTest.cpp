@@ -28,7 +28,7 @@ TEST_F(RoutedKeys, ReachThePlayerAndNotTheWindowInFront) {
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(player_.waitForCommands(3)) << talmo_->log();
   EXPECT_THAT(player_.commands(), ElementsAre("PlayPause", "Next", "Previous"));
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(RoutedKeys, SkipWithFastForwardAndRewind) {
@@ -36,7 +36,7 @@ TEST_F(RoutedKeys, SkipWithFastForwardAndRewind) {
   keys_.tap("XF86AudioRewind");
   EXPECT_TRUE(player_.waitForCommands(2)) << talmo_->log();
   EXPECT_THAT(player_.commands(), ElementsAre("Next", "Previous"));
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(RoutedKeys, WorkFromEveryKeyThatPlaysOrPauses) {
@@ -45,7 +45,7 @@ TEST_F(RoutedKeys, WorkFromEveryKeyThatPlaysOrPauses) {
   keys_.tap("XF86AudioPause");
   EXPECT_TRUE(player_.waitForCommands(4)) << talmo_->log();
   EXPECT_THAT(player_.commands(), ElementsAre("PlayPause", "PlayPause", "PlayPause", "PlayPause"));
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(RoutedKeys, SendNothingWhenTheyAreLetGo) {
@@ -55,7 +55,7 @@ TEST_F(RoutedKeys, SendNothingWhenTheyAreLetGo) {
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(player_.waitForCommands(2)) << talmo_->log();
   EXPECT_THAT(player_.commands(), ElementsAre("Next", "Previous"));
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(RoutedKeys, HeldForTwoSecondsSkipOneTrack) {
@@ -69,7 +69,7 @@ TEST_F(RoutedKeys, HeldForTwoSecondsSkipOneTrack) {
   EXPECT_TRUE(player_.waitForCommands(2)) << talmo_->log();
   EXPECT_THAT(player_.commands(), ElementsAre("Next", "Previous"));
   EXPECT_EQ(talmo_->lines("media key:").size(), 2U) << talmo_->log();
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(RoutedKeys, WorkWithCapsLockAndNumLock) {
@@ -80,7 +80,7 @@ TEST_F(RoutedKeys, WorkWithCapsLockAndNumLock) {
     keys_.tap("XF86AudioNext");
     ++presses;
     EXPECT_TRUE(player_.waitForCommands(presses)) << lock << '\n' << talmo_->log();
-    EXPECT_THAT(windowAfterTyping(), ::testing::AnyOf("+a -a", "+A -A")) << lock;
+    EXPECT_THAT(windowAfterTyping(), ::testing::AnyOf("+z -z", "+Z -Z")) << lock;
   }
   EXPECT_EQ(player_.commands().size(), presses);
 }
@@ -118,7 +118,7 @@ TEST_F(RoutedKeys, LetModifiersThroughThatArePressedWhileOneIsHeld) {
   keys_.tap("a");
   keys_.release("XF86AudioNext");
   keys_.release("Shift_L");
-  EXPECT_EQ(windowAfterTyping(), "+Shift_L +A -A -Shift_L +a -a");
+  EXPECT_EQ(windowAfterTyping(), "+Shift_L +A -A -Shift_L +z -z");
 }
 
 /// Talmo with a selection that it does not know, which turns routing off.
@@ -134,7 +134,7 @@ TEST_F(UnroutedKeys, ReachTheWindowInFront) {
   keys_.tap("XF86AudioPlay");
   keys_.tap("XF86AudioNext");
   EXPECT_EQ(windowAfterTyping(),
-            "+XF86AudioPlay -XF86AudioPlay +XF86AudioNext -XF86AudioNext +a -a");
+            "+XF86AudioPlay -XF86AudioPlay +XF86AudioNext -XF86AudioNext +z -z");
   EXPECT_THAT(player_.commands(), ElementsAre());
   EXPECT_TRUE(talmo_->lines("media key:").empty()) << talmo_->log();
 }
@@ -150,7 +150,7 @@ TEST_F(UnroutedKeys, RepeatInTheWindowInFront) {
   keys_.press("XF86AudioNext");
   EXPECT_TRUE(waitUntil([this] { return window_.keys().size() >= 5; })) << window_.transcript();
   keys_.release("XF86AudioNext");
-  EXPECT_THAT(windowAfterTyping(), ::testing::EndsWith("+XF86AudioNext -XF86AudioNext +a -a"));
+  EXPECT_THAT(windowAfterTyping(), ::testing::EndsWith("+XF86AudioNext -XF86AudioNext +z -z"));
   EXPECT_THAT(player_.commands(), ElementsAre());
 }
 
@@ -159,7 +159,7 @@ TEST_F(UnroutedKeys, LetEverythingThroughThatIsTypedWhileOneIsHeld) {
   ASSERT_TRUE(waitUntil([this] { return !window_.keys().empty(); }));
   for (const char* key : {"h", "e", "y"}) keys_.tap(key);
   keys_.release("XF86AudioNext");
-  EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext +h -h +e -e +y -y -XF86AudioNext +a -a");
+  EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext +h -h +e -e +y -y -XF86AudioNext +z -z");
 }
 
 /// Talmo without a stored selection: automatic routing.
@@ -171,7 +171,7 @@ TEST_F(AutomaticKeys, AreTakenEvenBeforeAnythingPlays) {
   keys_.tap("XF86AudioNext");
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(talmo_->waitForLines("auto: nothing resolved", 2)) << talmo_->log();
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(AutomaticKeys, LaunchTheFirstInstalledPlayerWithPlayPause) {
@@ -181,14 +181,14 @@ TEST_F(AutomaticKeys, LaunchTheFirstInstalledPlayerWithPlayPause) {
   EXPECT_TRUE(talmo_->waitForLines("auto: nothing playing, launching VLC")) << talmo_->log();
   EXPECT_TRUE(waitUntil([this] { return desktop_.processes("talmo-fake-player").size() == 1; }))
       << talmo_->log();
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(AutomaticKeys, AreWhatAStoredRoutingOffMeans) {
   startTalmo("none");
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(talmo_->waitForLines("auto: nothing resolved")) << talmo_->log();
-  EXPECT_EQ(windowAfterTyping(), "+a -a");
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 }  // namespace

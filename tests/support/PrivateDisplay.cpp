@@ -1,11 +1,10 @@
 #include "tests/support/PrivateDisplay.h"
 
+#include <array>
 #include <fcntl.h>
 #include <poll.h>
-#include <unistd.h>
-
-#include <array>
 #include <stdexcept>
+#include <unistd.h>
 
 namespace talmo::test {
 namespace {
@@ -34,10 +33,10 @@ std::string readLine(int descriptor, std::chrono::milliseconds timeout) {
 PrivateDisplay::PrivateDisplay() {
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe for the X server");
-  server_ = std::make_unique<TestProcess>(TestProcess::Start{
-      .arguments = {"Xvfb", "-displayfd", "3", "-screen", "0", "1280x800x24", "-nolisten", "tcp",
-                    "-noreset"},
-      .descriptor3 = ends[1]});
+  server_ = std::make_unique<TestProcess>(
+      TestProcess::Start{.arguments = {"Xvfb", "-displayfd", "3", "-screen", "0", "1280x800x24",
+                                       "-nolisten", "tcp", "-noreset"},
+                         .descriptor3 = ends[1]});
   ::close(ends[1]);
   const std::string number = readLine(ends[0], std::chrono::seconds(20));
   ::close(ends[0]);

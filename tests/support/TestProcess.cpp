@@ -1,17 +1,16 @@
 #include "tests/support/TestProcess.h"
 
-#include <fcntl.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 #include <system_error>
+#include <unistd.h>
 
 #include "tests/support/WaitUntil.h"
 
