@@ -25,6 +25,10 @@ TapThread::TapThread(Dispatch& dispatch, EventTap& eventTap, Decide decide) {
                        });
 }
 
+TapThread::~TapThread() {
+  if (isInstalled() && !hasEnded()) stop();
+}
+
 void TapThread::stop() {
   perform([state = state_] {
     state->port->enable(false);

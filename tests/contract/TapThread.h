@@ -15,7 +15,6 @@
 namespace talmo::test {
 
 /// An event tap on a thread of its own that keeps what it is shown. It belongs to the main thread.
-/// A tap that is installed has to be stopped before its world goes.
 class TapThread {
  public:
   /// What the callback was shown.
@@ -31,6 +30,11 @@ class TapThread {
 
   /// Starts the thread; it creates the tap and serves it.
   TapThread(Dispatch& dispatch, EventTap& eventTap, Decide decide = {});
+
+  /// Stops the tap if nobody has, and does not wait for its thread.
+  ~TapThread();
+  TapThread(const TapThread&) = delete;
+  TapThread& operator=(const TapThread&) = delete;
 
   /// The thread has created the tap, or has been refused.
   bool isDecided() const { return state_->isDecided; }

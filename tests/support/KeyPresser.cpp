@@ -1,5 +1,6 @@
 #include "tests/support/KeyPresser.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
@@ -69,19 +70,53 @@ bool KeyPresser::toggleLock(const std::string& keysym) {
   return (lockedModifiers(*connection_) & ~before) != 0;
 }
 
+void KeyPresser::remap(std::uint8_t keycode, const std::vector<std::string>& keysyms) {
+  std::array<xcb_keysym_t, 2> list{};
+  for (std::size_t index = 0; index < keysyms.size(); ++index) {
+    list.at(index) = xkb_keysym_from_name(keysyms[index].c_str(), XKB_KEYSYM_NO_FLAGS);
+  }
+  const XReply<xcb_generic_error_t> error(xcb_request_check(
+      connection_->get(), xcb_change_keyboard_mapping_checked(connection_->get(), 1, keycode,
+                                                              list.size(), list.data())));
+  if (error) throw std::runtime_error("the display did not take a keyboard map");
+}
+
+std::uint8_t KeyPresser::unusedKeycode() const {
+  const XReply<xcb_get_keyboard_mapping_reply_t> map(xcb_get_keyboard_mapping_reply(
+      connection_->get(), xcb_get_keyboard_mapping(connection_->get(), 8, 248), nullptr));
+  if (!map) throw std::runtime_error("the display gave no keyboard map");
+  const xcb_keysym_t* const keysyms = xcb_get_keyboard_mapping_keysyms(map.get());
+  const std::size_t width = map->keysyms_per_keycode;
+  for (std::size_t key = 0; key < 248; ++key) {
+    const xcb_keysym_t* const first = keysyms + key * width;
+    if (std::all_of(first, first + width, [](xcb_keysym_t keysym) { return keysym == 0; })) {
+      return static_cast<std::uint8_t>(8 + key);
+    }
+  }
+  throw std::runtime_error("every key of the map is in use");
+}
+
+void KeyPresser::pressButton() {
+  fake(XCB_BUTTON_PRESS, XCB_BUTTON_INDEX_1);
+}
+
+void KeyPresser::releaseButton() {
+  fake(XCB_BUTTON_RELEASE, XCB_BUTTON_INDEX_1);
+}
+
 bool KeyPresser::isDown(std::uint8_t keycode) const {
   const XReply<xcb_query_keymap_reply_t> reply(
       xcb_query_keymap_reply(connection_->get(), xcb_query_keymap(connection_->get()), nullptr));
   return reply && ((reply->keys[keycode / 8] >> (keycode % 8)) & 1) != 0;
 }
 
-void KeyPresser::fake(std::uint8_t type, std::uint8_t keycode) {
+void KeyPresser::fake(std::uint8_t type, std::uint8_t detail) {
   xcb_generic_error_t* const error = xcb_request_check(
-      connection_->get(), xcb_test_fake_input_checked(connection_->get(), type, keycode,
+      connection_->get(), xcb_test_fake_input_checked(connection_->get(), type, detail,
                                                       XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0));
   const XReply<xcb_generic_error_t> owned(error);
   if (error != nullptr || connection_->isDead()) {
-    throw std::runtime_error("the display did not take a key");
+    throw std::runtime_error("the display did not take a key or a button");
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/linux/XConnection.h"
 
@@ -36,11 +37,22 @@ class KeyPresser {
   /// Presses a lock key ("Caps_Lock", "Num_Lock") and returns whether its modifier is on now.
   bool toggleLock(const std::string& keysym);
 
+  /// Gives a key other keysyms: the first without modifiers, the second with Shift. An empty list
+  /// takes them away.
+  void remap(std::uint8_t keycode, const std::vector<std::string>& keysyms);
+
+  /// A key of the map that gives nothing.
+  std::uint8_t unusedKeycode() const;
+
+  /// Presses or releases the left mouse button.
+  void pressButton();
+  void releaseButton();
+
   /// Whether the server has the key down.
   bool isDown(std::uint8_t keycode) const;
 
  private:
-  void fake(std::uint8_t type, std::uint8_t keycode);
+  void fake(std::uint8_t type, std::uint8_t detail);
 
   std::unique_ptr<XConnection> connection_;
 };
