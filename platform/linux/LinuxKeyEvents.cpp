@@ -52,11 +52,13 @@ void LinuxKeyEvents::post(const KeyboardEvent& event, ProcessIdentifier process)
   if (strokeException_) exception = strokeException_(event, process);
   const xkb_keysym_t keysym = exception.value_or(keysymOf(event.keyCode));
   if (keysym == XKB_KEY_NoSymbol || !connect()) return;
+  const xcb_window_t window = windowFor(event, process);
+  // The answers about the window have brought in every change of the map that came before them.
+  if (window == XCB_WINDOW_NONE || !loadKeymap()) return;
   const std::vector<XKeyPlace> places = keymap_->places(keysym);
   if (places.empty()) return;
   const std::optional<std::uint16_t> state = keymap_->stateFor(places.front(), keysym);
-  const xcb_window_t window = windowFor(event, process);
-  if (!state || window == XCB_WINDOW_NONE) return;
+  if (!state) return;
 
   xcb_key_press_event_t key{};
   key.response_type = event.isKeyDown ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
@@ -72,18 +74,18 @@ void LinuxKeyEvents::post(const KeyboardEvent& event, ProcessIdentifier process)
   xcb_flush(connection_->get());
 }
 
-/// Makes sure of a living connection and a keyboard map that is up to date.
+/// Makes sure of a living connection.
 bool LinuxKeyEvents::connect() {
-  if (connection_ && connection_->isDead()) {
-    keymap_.reset();
-    connection_.reset();
-    pressed_ = {};
-  }
-  if (!connection_) {
-    connection_ = XConnection::open();
-    if (!connection_) return false;
-    XKeymap::watch(*connection_);
-  }
+  if (connection_ && !connection_->isDead()) return true;
+  keymap_.reset();
+  pressed_ = {};
+  connection_ = XConnection::open();
+  if (connection_) XKeymap::watch(*connection_);
+  return connection_ != nullptr;
+}
+
+/// Makes sure of a keyboard map that is up to date.
+bool LinuxKeyEvents::loadKeymap() {
   while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_->get())}) {
     if (XKeymap::isChange(*connection_, *event)) keymap_.reset();
   }

@@ -39,6 +39,7 @@ class LinuxKeyEvents : public KeyEvents {
   };
 
   bool connect() TALMO_REQUIRES(mutex_);
+  bool loadKeymap() TALMO_REQUIRES(mutex_);
   xcb_window_t windowFor(const KeyboardEvent& event, ProcessIdentifier process)
       TALMO_REQUIRES(mutex_);
 

@@ -47,6 +47,10 @@ void XKeymap::watch(const XConnection& connection) {
   constexpr std::uint16_t parts = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
                                   XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS |
                                   XCB_XKB_MAP_PART_VIRTUAL_MOD_MAP;
+  // The server takes no selection from a client that has not said that it knows the extension.
+  xcb_discard_reply(connection.get(), xcb_xkb_use_extension(connection.get(), XCB_XKB_MAJOR_VERSION,
+                                                            XCB_XKB_MINOR_VERSION)
+                                          .sequence);
   xcb_xkb_select_events(connection.get(), XCB_XKB_ID_USE_CORE_KBD, events, 0, events, parts, parts,
                         nullptr);
 }

@@ -23,7 +23,7 @@ class XKeymap {
   /// carries the group.
   static std::unique_ptr<XKeymap> load(const XConnection& connection);
 
-  /// Has the server tell this connection when the map changes, from a load on.
+  /// Has the server tell this connection when the map changes.
   static void watch(const XConnection& connection);
 
   /// Whether an event of that connection says that the map, or the keyboard, has changed.

@@ -50,6 +50,16 @@ FocusWindow::FocusWindow(const std::string& display, const Options& options)
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_, connection_->atom("_NET_WM_PID"),
                         XCB_ATOM_CARDINAL, 32, 1, &options.pid);
   }
+  if (!options.type.empty()) {
+    const xcb_atom_t type = connection_->atom(options.type);
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_,
+                        connection_->atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, 1, &type);
+  }
+  if (options.transientFor != 0) {
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_,
+                        connection_->atom("WM_TRANSIENT_FOR"), XCB_ATOM_WINDOW, 32, 1,
+                        &options.transientFor);
+  }
   quitMessage_ = connection_->atom("TALMO_TEST_QUIT");
   if (options.isMapped) xcb_map_window(server, window_);
   xcb_flush(server);

@@ -24,6 +24,10 @@ class FocusWindow {
     std::uint16_t width = 300;
     std::uint16_t height = 200;
     bool isMapped = true;
+    /// The name of its _NET_WM_WINDOW_TYPE; none when empty.
+    std::string type = {};
+    /// The window that it belongs to (WM_TRANSIENT_FOR); 0 for none.
+    std::uint32_t transientFor = 0;
   };
 
   /// Makes the window and waits until it is on the screen (when it is to be). Throws when the
