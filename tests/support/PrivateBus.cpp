@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "tests/support/SocketServer.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -17,7 +18,7 @@ PrivateBus::PrivateBus(std::map<std::string, std::string> environment) {
   daemon_ = std::make_unique<TestProcess>(TestProcess::Start{
       .arguments = {"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + address_},
       .environment = std::move(environment)});
-  if (!waitUntil([this] { return std::filesystem::exists(folder_ / "bus"); })) {
+  if (!waitUntil([this] { return takesConnections(folder_ / "bus"); })) {
     throw std::runtime_error("the session bus did not start: " + daemon_->output());
   }
 }

@@ -6,27 +6,10 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "tests/support/SocketServer.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
-namespace {
-
-/// Whether someone listens on the socket.
-bool isServed(const std::string& path) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path.size() >= sizeof(address.sun_path)) throw std::runtime_error("too long a path: " + path);
-  std::ranges::copy(path, address.sun_path);
-  const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (socket < 0) return false;
-  const bool connected =
-      ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
-  ::close(socket);
-  return connected;
-}
-
-}  // namespace
-
 PrivateSound::PrivateSound(const std::filesystem::path& folder,
                            const std::map<std::string, std::string>& environment)
     : address_("unix:" + (folder / "sound").string()),
@@ -39,7 +22,7 @@ PrivateSound::PrivateSound(const std::filesystem::path& folder,
                              // A null sink that never rests burns a third of a core.
                              "--load=module-suspend-on-idle timeout=2"},
                .environment = environment}) {
-  if (!waitUntil([&] { return isServed((folder / "sound").string()); })) {
+  if (!waitUntil([&] { return takesConnections(folder / "sound"); })) {
     throw std::runtime_error("the sound server did not start: " + server_.output());
   }
 }
