@@ -1,15 +1,12 @@
 #include "tests/support/PrivateSound.h"
 
-#include <algorithm>
 #include <stdexcept>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include "tests/support/SocketServer.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
+
 PrivateSound::PrivateSound(const std::filesystem::path& folder,
                            const std::map<std::string, std::string>& environment)
     : address_("unix:" + (folder / "sound").string()),
