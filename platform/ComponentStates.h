@@ -2,7 +2,6 @@
 
 #include <map>
 #include <memory>
-#include <typeindex>
 
 #include "support/Mutex.h"
 #include "support/MutexLock.h"
@@ -18,8 +17,11 @@ class ComponentStates {
   /// object. Any thread.
   template <class State>
   State& of() {
+    // An address of the type's own is the key: most records are called `State`, each in its
+    // source's unnamed namespace, and not every compiler's type_info tells these apart.
+    static const char key = 0;
     const MutexLock lock(mutex_);
-    std::shared_ptr<void>& slot = states_[std::type_index(typeid(State))];
+    std::shared_ptr<void>& slot = states_[&key];
     if (!slot) slot = std::make_shared<State>();
     return *static_cast<State*>(slot.get());
   }
@@ -27,14 +29,14 @@ class ComponentStates {
   /// Drops all records. They may hold queues and other things of the services, so a backend calls
   /// this when all work has ended and before its services go.
   void clear() {
-    std::map<std::type_index, std::shared_ptr<void>> dropped;
+    std::map<const char*, std::shared_ptr<void>> dropped;
     const MutexLock lock(mutex_);
     dropped.swap(states_);
   }
 
  private:
   Mutex mutex_;
-  std::map<std::type_index, std::shared_ptr<void>> states_ TALMO_GUARDED_BY(mutex_);
+  std::map<const char*, std::shared_ptr<void>> states_ TALMO_GUARDED_BY(mutex_);
 };
 
 }  // namespace talmo
