@@ -19,7 +19,7 @@ class ComponentStates {
   State& of() {
     // An address of the type's own is the key: most records are called `State`, each in its
     // source's unnamed namespace, and not every compiler's type_info tells these apart.
-    static const char key = 0;
+    static char key = 0;
     const MutexLock lock(mutex_);
     std::shared_ptr<void>& slot = states_[&key];
     if (!slot) slot = std::make_shared<State>();
@@ -29,14 +29,14 @@ class ComponentStates {
   /// Drops all records. They may hold queues and other things of the services, so a backend calls
   /// this when all work has ended and before its services go.
   void clear() {
-    std::map<const char*, std::shared_ptr<void>> dropped;
+    std::map<char*, std::shared_ptr<void>> dropped;
     const MutexLock lock(mutex_);
     dropped.swap(states_);
   }
 
  private:
   Mutex mutex_;
-  std::map<const char*, std::shared_ptr<void>> states_ TALMO_GUARDED_BY(mutex_);
+  std::map<char*, std::shared_ptr<void>> states_ TALMO_GUARDED_BY(mutex_);
 };
 
 }  // namespace talmo
