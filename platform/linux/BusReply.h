@@ -10,7 +10,7 @@ namespace talmo {
 /// What a call came to: the message of a successful reply, or in words why there is none.
 struct BusReply {
   struct Unref {
-    void operator()(sd_bus_message* message) const;
+    void operator()(sd_bus_message* unwanted) const;
   };
 
   /// Null when there is none. Belongs to the calling thread, as its connection does.

@@ -73,7 +73,7 @@ Error startByBus(sd_bus* bus, const std::string& name, const std::vector<std::st
   }
   if (result >= 0) result = sd_bus_message_append(call.get(), "a{sv}", 0);
   if (result < 0) return describe(result);
-  sd_bus_error error = SD_BUS_ERROR_NULL;
+  sd_bus_error error{};
   result = sd_bus_call(bus, call.get(), 0, &error, nullptr);
   Error words = describe(result);
   if (words && error.message != nullptr) words = error.message;

@@ -76,8 +76,8 @@ bool wait(sd_bus* bus, Uptime deadline) {
 
 }  // namespace
 
-void BusReply::Unref::operator()(sd_bus_message* message) const {
-  sd_bus_message_unref(message);
+void BusReply::Unref::operator()(sd_bus_message* unwanted) const {
+  sd_bus_message_unref(unwanted);
 }
 
 void SessionBus::Close::operator()(sd_bus* bus) const {

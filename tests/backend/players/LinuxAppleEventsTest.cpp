@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/LinuxAppleEvents.h"
+#include "platform/linux/SessionBus.h"
 #include "tests/backend/players/BusNames.h"
 #include "tests/backend/players/PlayerProcess.h"
 #include "tests/backend/players/PlayersTest.h"
@@ -118,7 +119,6 @@ TEST_F(LinuxAppleEventsTest, APlayerThatDiesWithTheCommandInItsHandsGivesAnError
   Clock::duration taken{};
   std::thread caller([&] {
     const Clock::time_point start = Clock::now();
-    const LinuxAppleEvents appleEvents;
     error = send(rhythmbox);
     taken = Clock::now() - start;
   });
@@ -285,6 +285,15 @@ TEST_F(LinuxAppleEventsTest, NoPlayerIsStartedThroughTheBus) {
   startBus();
   EXPECT_EQ(consent(rhythmbox), -600);
   EXPECT_NE(send(rhythmbox), std::nullopt);
+  // A player that quits just before the call.
+  const BusReply reply =
+      SessionBus::ofThisThread().call({.destination = busName,
+                                       .path = "/org/mpris/MediaPlayer2",
+                                       .interface = "org.mpris.MediaPlayer2.Player",
+                                       .member = "PlayPause"},
+                                      Clock::now() + 10s);
+  EXPECT_EQ(reply.message, nullptr);
+  EXPECT_FALSE(reply.isTimeout);
   EXPECT_EQ(consent(rhythmbox), -600);
   // It could have been started: the bus does so when it is told to. 1: it was not there before.
   EXPECT_EQ(startService(busName), 1U);

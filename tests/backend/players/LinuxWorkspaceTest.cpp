@@ -7,6 +7,7 @@
 #include <fstream>
 #include <unistd.h>
 
+#include "platform/linux/ProcessTable.h"
 #include "tests/backend/players/PlayerProcess.h"
 #include "tests/backend/players/RecentFile.h"
 #include "tests/support/WaitUntil.h"
@@ -109,6 +110,7 @@ TEST_F(LinuxWorkspaceTest, AnInstanceIsFoundByItsProgram) {
   EXPECT_EQ(processes(strawberry), (Processes{first.pid(), second.pid()}));
   // An update has replaced the program meanwhile.
   std::filesystem::remove(program);
+  EXPECT_EQ(ProcessTable::executable(first.pid()), "strawberry");
   EXPECT_EQ(processes(strawberry), (Processes{first.pid(), second.pid()}));
 }
 
@@ -119,6 +121,22 @@ TEST_F(LinuxWorkspaceTest, AnInstanceThatIsAScriptIsFoundByItsName) {
   std::filesystem::permissions(script, std::filesystem::perms::owner_all);
   const TestProcess process({.arguments = {script}});
   EXPECT_TRUE(waitUntil([&] { return processes(strawberry) == Processes{process.pid()}; }));
+}
+
+TEST_F(LinuxWorkspaceTest, AnInstanceThatHasEndedUnnoticedIsNone) {
+  const std::filesystem::path script = PrivateData::scratch() / "strawberry";
+  std::ofstream(script) << "#!/bin/sh\n";
+  std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+  // Nobody asks for its status, so it stays in the process table.
+  const TestProcess process({.arguments = {script}});
+  const std::string status = "/proc/" + std::to_string(process.pid()) + "/stat";
+  ASSERT_TRUE(waitUntil([&] {
+    std::ifstream stream(status);
+    std::string line;
+    std::getline(stream, line);
+    return line.find("(strawberry) Z ") != std::string::npos;
+  }));
+  EXPECT_EQ(processes(strawberry), Processes{});
 }
 
 TEST_F(LinuxWorkspaceTest, TheHelpersOfAnInstanceAreNoInstances) {
@@ -208,6 +226,11 @@ TEST_F(LinuxWorkspaceTest, TheLastUseIsThatOfTheEntrysNameOrProgram) {
                     .applicationName = "VLC media player",
                     .command = "unquoted ' %u",
                     .when = Date(1'700'000'100s)});
+  EXPECT_EQ(workspace().lastUsedDate(url), Date(1'700'000'100s));
+  addToRecentFiles({.url = "file:///c",
+                    .applicationName = "VLC media player",
+                    .command = "env %u",
+                    .when = Date(1'600'000'000s)});
   EXPECT_EQ(workspace().lastUsedDate(url), Date(1'700'000'100s));
 }
 

@@ -126,7 +126,7 @@ TEST_F(OpeningTest, WhatIsOpenedStandsOnItsOwn) {
   EXPECT_FALSE(hasZombies());
 }
 
-TEST_F(OpeningTest, ABusThatGoesAwayTakesNobodyWithIt) {
+TEST_F(OpeningTest, ApplicationsAreOpenedOnANewBusAndWithoutOne) {
   PrivateData::install("vlc", "Name=VLC\n" + exec(file()));
   open(vlc);
   {
@@ -143,6 +143,29 @@ TEST_F(OpeningTest, ABusThatGoesAwayTakesNobodyWithIt) {
   open(vlc);
   const RecordedStart start(file());
   EXPECT_EQ(log().lines(), std::vector<LogLine>{});
+}
+
+TEST_F(OpeningTest, ABusThatGoesAwayAfterALaunchDoesNotEndTheProcess) {
+  // The connection that GIO shares within the process, with the main loop that it belongs to.
+  const GObjectHandle<GDBusConnection> shared(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+  ASSERT_NE(shared, nullptr);
+  bool isClosed = false;
+  g_signal_connect(shared.get(), "closed",
+                   G_CALLBACK(+[](GDBusConnection*, gboolean, GError*, gpointer data) {
+                     *static_cast<bool*>(data) = true;
+                   }),
+                   &isClosed);
+  PrivateData::install("vlc", "Name=VLC\n" + exec(file()));
+  open(vlc);
+  const RecordedStart start(file());
+  bus().daemon().end();
+  // Alive when the signal has been through, which is where the process would have ended.
+  EXPECT_TRUE(waitUntil([&] {
+    g_main_context_iteration(nullptr, FALSE);
+    return isClosed;
+  }));
+  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+  }
 }
 
 TEST_F(OpeningTest, AnEntryThatCannotBeStartedIsLogged) {
