@@ -101,7 +101,7 @@ std::optional<std::string> SimulatedAppleEvents::deliver(const std::string& bund
     case SimulatedApplications::Manner::neverAnswers:
       break;
   }
-  dispatch_.makeSemaphore(0)->wait(std::chrono::seconds(1) * ticks / ticksPerSecond);
+  dispatch_.makeSemaphore(0)->wait(Duration(std::chrono::seconds(ticks)) / ticksPerSecond);
   return "the Apple event timed out";
 }
 

@@ -1,11 +1,20 @@
 // The simulated services keep the same contracts as the real ones.
 
+#include <map>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "platform/simulated/SimulatedDispatch.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
+#include "tests/component/SimulatedWorld.h"
+#include "tests/contract/AppleEventsContract.h"
 #include "tests/contract/DispatchContract.h"
+#include "tests/contract/EventTapContract.h"
+#include "tests/contract/KeyEventsContract.h"
 #include "tests/contract/UserDefaultsContract.h"
+#include "tests/contract/WorkspaceContract.h"
 
 namespace talmo::test {
 namespace {
@@ -35,15 +44,166 @@ class SimulatedUserDefaultsWorld : public UserDefaultsWorld {
       std::make_unique<SimulatedUserDefaults>(store_);
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    Simulated, DispatchContract,
-    testing::Values([] { return std::make_unique<SimulatedDispatchWorld>(0); },
-                    [] { return std::make_unique<SimulatedDispatchWorld>(1); },
-                    [] { return std::make_unique<SimulatedDispatchWorld>(2); },
-                    [] { return std::make_unique<SimulatedDispatchWorld>(3); }));
+class SimulatedEventTapWorld : public EventTapWorld {
+ public:
+  Dispatch& dispatch() override { return world_.time(); }
+  EventTap& eventTap() override { return taps(); }
+  bool runUntil(const std::function<bool()>& condition, Duration limit) override {
+    return world_.time().runUntil(condition, limit);
+  }
+
+  void press(std::int32_t code) override { taps().postMediaKey(code, true); }
+
+  void release(std::int32_t code) override {
+    if (const auto held = repeats_.extract(code); !held.empty()) held.mapped()->invalidate();
+    taps().postMediaKey(code, false);
+  }
+
+  void hold(std::int32_t code) override {
+    press(code);
+    repeats_[code] =
+        world_.time().scheduledTimer(std::chrono::milliseconds(40), Duration::zero(),
+                                     [this, code] { taps().postMediaKey(code, true, true); });
+  }
+
+  std::vector<Seen> othersSaw() override {
+    std::vector<Seen> seen;
+    for (const SimulatedEventTap::Event& event : taps().passed()) {
+      const std::int64_t data1 = event.content.value().data1;
+      seen.push_back(
+          {.code = static_cast<std::int32_t>(data1 >> 16), .isPress = (data1 & 0xFF00) == 0x0A00});
+    }
+    return seen;
+  }
+
+  void refuseTaps() override { taps().setTrusted(false); }
+
+ private:
+  SimulatedEventTap& taps() { return world_.machine().eventTap(); }
+
+  SimulatedWorld world_;
+  std::map<std::int32_t, std::shared_ptr<Timer>> repeats_;
+};
+
+class SimulatedKeyEventsWorld : public KeyEventsWorld {
+ public:
+  Dispatch& dispatch() override { return world_.time(); }
+  KeyEvents& keyEvents() override { return world_.machine().keyEvents(); }
+  bool runUntil(const std::function<bool()>& condition, Duration limit) override {
+    return world_.time().runUntil(condition, limit);
+  }
+
+  ProcessIdentifier startApplication() override { return applications().launch(application); }
+
+  ProcessIdentifier startProcessWithoutWindows() override {
+    const ProcessIdentifier process = applications().launch("nl.brelm.windowless");
+    applications().quit(process);
+    return process;
+  }
+
+  void bringForward(ProcessIdentifier) override { applications().setFrontmost(application); }
+
+  std::vector<KeyboardEvent> received(ProcessIdentifier process) override {
+    constexpr std::uint64_t shiftAndControl = 0x60000;
+    std::vector<KeyboardEvent> events = applications().keyboardEvents(process);
+    for (KeyboardEvent& event : events) event.flags &= shiftAndControl;
+    return events;
+  }
+
+ private:
+  static constexpr const char* application = "nl.brelm.application";
+
+  SimulatedApplications& applications() { return world_.machine().applications(); }
+
+  SimulatedWorld world_;
+};
+
+class SimulatedAppleEventsWorld : public AppleEventsWorld {
+ public:
+  AppleEvents& appleEvents() override { return world_.machine().appleEvents(); }
+
+  void startPlayer(const std::string& bundleID) override {
+    applications().install({bundleID, bundleID});
+    players_[bundleID] = applications().launch(bundleID);
+  }
+
+  void quitPlayer(const std::string& bundleID) override {
+    applications().quit(players_.at(bundleID));
+  }
+
+  void setManner(const std::string& bundleID, Manner manner) override {
+    using Simulated = SimulatedApplications::Manner;
+    applications().setManner(bundleID, manner == Manner::answers ? Simulated::answers
+                                       : manner == Manner::fails ? Simulated::fails
+                                                                 : Simulated::neverAnswers);
+  }
+
+  std::vector<std::string> received(const std::string& bundleID) override {
+    return applications().commands(bundleID);
+  }
+
+  Uptime now() override { return world_.time().uptime(); }
+
+ private:
+  SimulatedApplications& applications() { return world_.machine().applications(); }
+
+  SimulatedWorld world_;
+  std::map<std::string, ProcessIdentifier> players_;
+};
+
+class SimulatedWorkspaceWorld : public WorkspaceWorld {
+ public:
+  Workspace& workspace() override { return world_.machine().workspace(); }
+
+  void install(const std::string& bundleID, const std::string& name) override {
+    applications().install({bundleID, name});
+  }
+  void uninstall(const std::string& bundleID) override { applications().uninstall(bundleID); }
+  ProcessIdentifier launch(const std::string& bundleID) override {
+    return applications().launch(bundleID);
+  }
+  void quit(ProcessIdentifier process) override { applications().quit(process); }
+  void bringToFront(const std::string& bundleID) override {
+    applications().setFrontmost(bundleID.empty() ? std::nullopt : std::optional(bundleID));
+  }
+  void use(const std::string& bundleID, Date when) override {
+    SimulatedApplications::Installed application = *applications().installed(bundleID);
+    application.lastUsed = when;
+    applications().install(application);
+  }
+
+ private:
+  SimulatedApplications& applications() { return world_.machine().applications(); }
+
+  SimulatedWorld world_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Simulated, DispatchContract,
+                         testing::Values([] { return std::make_unique<SimulatedDispatchWorld>(0); },
+                                         [] { return std::make_unique<SimulatedDispatchWorld>(1); },
+                                         [] { return std::make_unique<SimulatedDispatchWorld>(2); },
+                                         [] {
+                                           return std::make_unique<SimulatedDispatchWorld>(3);
+                                         }));
 
 INSTANTIATE_TEST_SUITE_P(Simulated, UserDefaultsContract, testing::Values([] {
                            return std::make_unique<SimulatedUserDefaultsWorld>();
+                         }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, EventTapContract, testing::Values([] {
+                           return std::make_unique<SimulatedEventTapWorld>();
+                         }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, KeyEventsContract, testing::Values([] {
+                           return std::make_unique<SimulatedKeyEventsWorld>();
+                         }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, AppleEventsContract, testing::Values([] {
+                           return std::make_unique<SimulatedAppleEventsWorld>();
+                         }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, testing::Values([] {
+                           return std::make_unique<SimulatedWorkspaceWorld>();
                          }));
 
 }  // namespace
