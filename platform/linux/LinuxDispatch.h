@@ -55,7 +55,8 @@ class LinuxDispatch : public Dispatch {
     return mainQueue_.serveUntil(condition, deadline);
   }
 
-  /// Takes no more work, drops what has not begun, timers and delayed work included, and waits, at
+  /// Takes no more work, drops what has not begun, timers and delayed work included (what a global
+  /// queue has taken has begun), and waits, at
   /// most for `grace` when there is one, for what has and for every thread. Returns whether nothing
   /// runs any more. What is submitted from now on is released at once. Main thread; may be
   /// repeated.

@@ -9,9 +9,7 @@ LinuxGlobalQueue::LinuxGlobalQueue(std::string label, LinuxWorkerPool& pool,
     : label_(std::move(label)), pool_(pool), delayed_(delayed) {}
 
 void LinuxGlobalQueue::async(std::function<void()> work) {
-  pool_.submit([this, work = std::move(work)] {
-    if (!pool_.isClosing()) work();
-  });
+  pool_.submit(std::move(work));
 }
 
 void LinuxGlobalQueue::asyncAfter(Duration delay, std::function<void()> work) {

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxThreads.h"
 
+#include <algorithm>
 #include <pthread.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -14,6 +15,7 @@ namespace {
 constexpr std::size_t longestName = 15;
 
 constexpr int utilityNiceness = 5;
+constexpr int highestNiceness = 19;
 
 void setCurrentName(const std::string& label) {
   const std::string name = label.substr(label.rfind('.') + 1, longestName);
@@ -21,11 +23,12 @@ void setCurrentName(const std::string& label) {
 }
 
 void setCurrentQuality(QualityOfService quality) {
+  if (quality != QualityOfService::utility) return;
   // On Linux the niceness of a thread is its own. Work that is more urgent than usual would need a
   // privilege, and less than usual never does.
-  if (quality == QualityOfService::utility) {
-    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), utilityNiceness);
-  }
+  const auto thread = static_cast<id_t>(::gettid());
+  const int usual = ::getpriority(PRIO_PROCESS, thread);
+  ::setpriority(PRIO_PROCESS, thread, std::min(usual + utilityNiceness, highestNiceness));
 }
 
 }  // namespace

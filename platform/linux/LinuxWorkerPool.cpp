@@ -30,11 +30,6 @@ void LinuxWorkerPool::close() {
   changed_.notify_all();
 }
 
-bool LinuxWorkerPool::isClosing() const {
-  const MutexLock lock(mutex_);
-  return closing_;
-}
-
 void LinuxWorkerPool::serve() {
   while (true) {
     std::function<void()> work;

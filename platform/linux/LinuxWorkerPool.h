@@ -29,10 +29,8 @@ class LinuxWorkerPool {
   /// Has a worker run `work`. Returns false, and releases it, once the pool is closing.
   bool submit(std::function<void()> work);
 
-  /// Takes no more work. What was submitted still runs; it looks at `isClosing`.
+  /// Takes no more work and lets the workers end. What was submitted has its worker, and runs.
   void close();
-
-  bool isClosing() const;
 
  private:
   void serve();
@@ -41,7 +39,7 @@ class LinuxWorkerPool {
   const std::string name_;
   const QualityOfService quality_;
   const Duration idle_;
-  mutable Mutex mutex_;
+  Mutex mutex_;
   std::condition_variable_any changed_;
   std::deque<std::function<void()>> work_ TALMO_GUARDED_BY(mutex_);
   std::size_t idleWorkers_ TALMO_GUARDED_BY(mutex_) = 0;

@@ -222,6 +222,27 @@ TEST(LinuxWorkerPool, GrowsWhenAllAreBusyAndLetsIdleWorkersEnd) {
   EXPECT_TRUE(threads.waitForAll(std::nullopt));
 }
 
+TEST(LinuxWorkerPool, ItemGetsAWorkerAlthoughAnIdleOneIsAboutToTakeAnother) {
+  LinuxThreads threads;
+  LinuxWorkerPool pool(threads, "pool", QualityOfService::unspecified);
+  for (int round = 0; round < 50; ++round) {
+    std::atomic<bool> open = false;
+    std::atomic<int> ended = 0;
+    pool.submit([&] {
+      EXPECT_TRUE(waitUntil([&open] { return open.load(); }, 5s));
+      ++ended;
+    });
+    pool.submit([&] {
+      open = true;
+      ++ended;
+    });
+    ASSERT_TRUE(waitUntil([&ended] { return ended == 2; }));
+    if (HasFailure()) break;
+  }
+  pool.close();
+  EXPECT_TRUE(threads.waitForAll(std::nullopt));
+}
+
 TEST(LinuxWorkerPool, WorkersAreUsedAgain) {
   LinuxThreads threads;
   LinuxWorkerPool pool(threads, "pool", QualityOfService::unspecified);

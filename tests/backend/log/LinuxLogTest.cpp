@@ -75,20 +75,20 @@ TEST_F(LinuxLogTest, MessageOfSeveralLinesStaysOneLine) {
 
 TEST_F(LinuxLogTest, LongLineIsCutToOnePieceThatAPipeTakes) {
   LinuxLog log(writing_.get());
-  log.write(LogLevel::info, "s", "c", std::string(100'000, 'x'));
+  log.write(LogLevel::info, "s", "c", std::string(100'000, 'm'));
   const std::string text = output();
   EXPECT_EQ(text.size(), static_cast<std::size_t>(PIPE_BUF));
-  EXPECT_THAT(text, EndsWith("xxx\n"));
+  EXPECT_THAT(text, EndsWith("mmm\n"));
 }
 
 TEST_F(LinuxLogTest, FullPipeLosesLinesAndHoldsNobodyUp) {
   LinuxLog log(writing_.get());
   for (int line = 0; line < 2000; ++line) {
-    log.write(LogLevel::info, "s", "c", std::string(100, 'x'));
+    log.write(LogLevel::info, "s", "c", std::string(100, 'm'));
   }
   const std::string first = output();
   EXPECT_LT(std::count(first.begin(), first.end(), '\n'), 2000);
-  EXPECT_THAT(first, EndsWith("xxx\n"));
+  EXPECT_THAT(first, EndsWith("mmm\n"));
   log.write(LogLevel::info, "s", "c", "again");
   EXPECT_THAT(output(), EndsWith("again\n"));
 }
@@ -116,7 +116,7 @@ TEST_F(LinuxLogTest, LinesOfSeveralThreadsStayWhole) {
     threads.emplace_back([&log, writer] {
       for (int line = 0; line < linesPerWriter; ++line) {
         log.write(LogLevel::info, "s", std::to_string(writer),
-                  std::string(static_cast<std::size_t>(line), 'x') + ".");
+                  std::string(static_cast<std::size_t>(line), 'm') + ".");
       }
     });
   }
@@ -127,7 +127,7 @@ TEST_F(LinuxLogTest, LinesOfSeveralThreadsStayWhole) {
     const std::string start = "HH:MM:SS.mmm info [";
     const std::string writer = line.substr(start.size(), 1);
     const std::size_t number = linesOfWriter[writer]++;
-    EXPECT_EQ(line.substr(start.size()), writer + "] " + std::string(number, 'x') + ".");
+    EXPECT_EQ(line.substr(start.size()), writer + "] " + std::string(number, 'm') + ".");
   }
   EXPECT_THAT(linesOfWriter,
               ElementsAre(testing::Pair("0", linesPerWriter), testing::Pair("1", linesPerWriter),
