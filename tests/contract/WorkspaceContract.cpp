@@ -23,72 +23,72 @@ std::optional<Date> WorkspaceContract::lastUsed(const std::string& bundleID) {
 }
 
 TEST_P(WorkspaceContract, AnInstalledApplicationHasAURL) {
-  world().install(spotify, "Spotify");
-  world().install(vlc, "VLC media player");
-  const std::optional<std::string> first = workspace().urlForApplication(spotify);
-  const std::optional<std::string> second = workspace().urlForApplication(vlc);
+  world().install(plexamp, "Plexamp");
+  world().install(deezer, "Deezer for Linux");
+  const std::optional<std::string> first = workspace().urlForApplication(plexamp);
+  const std::optional<std::string> second = workspace().urlForApplication(deezer);
   EXPECT_NE(first.value_or(""), "");
   EXPECT_NE(second.value_or(""), "");
   EXPECT_NE(first, second);
 }
 
 TEST_P(WorkspaceContract, AnApplicationThatIsNotInstalledHasNoURL) {
-  EXPECT_EQ(workspace().urlForApplication(spotify), std::nullopt);
-  world().install(spotify, "Spotify");
-  EXPECT_EQ(workspace().urlForApplication(vlc), std::nullopt);
-  world().uninstall(spotify);
-  EXPECT_EQ(workspace().urlForApplication(spotify), std::nullopt);
+  EXPECT_EQ(workspace().urlForApplication(plexamp), std::nullopt);
+  world().install(plexamp, "Plexamp");
+  EXPECT_EQ(workspace().urlForApplication(deezer), std::nullopt);
+  world().uninstall(plexamp);
+  EXPECT_EQ(workspace().urlForApplication(plexamp), std::nullopt);
 }
 
 TEST_P(WorkspaceContract, AnApplicationThatDoesNotRunHasNoInstances) {
-  EXPECT_EQ(processes(spotify), Processes{});
-  world().install(spotify, "Spotify");
-  EXPECT_EQ(processes(spotify), Processes{});
+  EXPECT_EQ(processes(plexamp), Processes{});
+  world().install(plexamp, "Plexamp");
+  EXPECT_EQ(processes(plexamp), Processes{});
 }
 
 TEST_P(WorkspaceContract, ARunningApplicationIsGivenWithItsName) {
-  world().install(vlc, "VLC media player");
-  const ProcessIdentifier process = world().launch(vlc);
-  EXPECT_EQ(
-      workspace().runningApplications(vlc),
-      (std::vector<RunningApplication>{
-          {.bundleID = vlc, .localizedName = "VLC media player", .processIdentifier = process}}));
-  EXPECT_EQ(processes(spotify), Processes{});
+  world().install(deezer, "Deezer for Linux");
+  const ProcessIdentifier process = world().launch(deezer);
+  EXPECT_EQ(workspace().runningApplications(deezer),
+            (std::vector<RunningApplication>{{.bundleID = deezer,
+                                              .localizedName = "Deezer for Linux",
+                                              .processIdentifier = process}}));
+  EXPECT_EQ(processes(plexamp), Processes{});
 }
 
 TEST_P(WorkspaceContract, AnApplicationCanRunThatIsNotInstalled) {
-  const ProcessIdentifier process = world().launch(vlc);
-  const std::vector<RunningApplication> running = workspace().runningApplications(vlc);
+  const ProcessIdentifier process = world().launch(deezer);
+  const std::vector<RunningApplication> running = workspace().runningApplications(deezer);
   ASSERT_EQ(running.size(), 1U);
   EXPECT_EQ(running[0].processIdentifier, process);
   EXPECT_NE(running[0].localizedName, "");
 }
 
 TEST_P(WorkspaceContract, InstancesAreGivenOldestFirst) {
-  world().install(vlc, "VLC media player");
-  const ProcessIdentifier first = world().launch(vlc);
-  const ProcessIdentifier second = world().launch(vlc);
-  const ProcessIdentifier third = world().launch(vlc);
-  EXPECT_EQ(processes(vlc), (Processes{first, second, third}));
+  world().install(deezer, "Deezer for Linux");
+  const ProcessIdentifier first = world().launch(deezer);
+  const ProcessIdentifier second = world().launch(deezer);
+  const ProcessIdentifier third = world().launch(deezer);
+  EXPECT_EQ(processes(deezer), (Processes{first, second, third}));
 }
 
 TEST_P(WorkspaceContract, AnInstanceThatQuitIsGone) {
-  const ProcessIdentifier first = world().launch(vlc);
-  const ProcessIdentifier second = world().launch(vlc);
+  const ProcessIdentifier first = world().launch(deezer);
+  const ProcessIdentifier second = world().launch(deezer);
   world().quit(first);
-  EXPECT_EQ(processes(vlc), Processes{second});
+  EXPECT_EQ(processes(deezer), Processes{second});
   world().quit(second);
-  EXPECT_EQ(processes(vlc), Processes{});
+  EXPECT_EQ(processes(deezer), Processes{});
 }
 
 TEST_P(WorkspaceContract, TheApplicationInFrontIsTheOneThatWasBroughtThere) {
   EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
-  world().launch(spotify);
-  world().launch(vlc);
-  world().bringToFront(vlc);
-  EXPECT_EQ(workspace().frontmostApplication(), vlc);
-  world().bringToFront(spotify);
-  EXPECT_EQ(workspace().frontmostApplication(), spotify);
+  world().launch(plexamp);
+  world().launch(deezer);
+  world().bringToFront(deezer);
+  EXPECT_EQ(workspace().frontmostApplication(), deezer);
+  world().bringToFront(plexamp);
+  EXPECT_EQ(workspace().frontmostApplication(), plexamp);
   world().bringToFront("");
   EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
 }
@@ -101,29 +101,29 @@ TEST_P(WorkspaceContract, AnUnknownApplicationIsNowhere) {
 }
 
 TEST_P(WorkspaceContract, AnApplicationThatWasNeverUsedHasNoDate) {
-  world().install(spotify, "Spotify");
-  world().install(vlc, "VLC media player");
-  world().use(vlc, Date(1'700'000'000s));
-  EXPECT_EQ(lastUsed(spotify), std::nullopt);
+  world().install(plexamp, "Plexamp");
+  world().install(deezer, "Deezer for Linux");
+  world().use(deezer, Date(1'700'000'000s));
+  EXPECT_EQ(lastUsed(plexamp), std::nullopt);
   EXPECT_EQ(workspace().lastUsedDate("file:///nowhere/nobody"), std::nullopt);
   EXPECT_EQ(workspace().lastUsedDate(""), std::nullopt);
 }
 
 TEST_P(WorkspaceContract, TheDateIsThatOfTheLatestUse) {
-  world().install(spotify, "Spotify");
-  world().install(vlc, "VLC media player");
-  world().use(vlc, Date(1'700'000'000s));
-  world().use(spotify, Date(1'600'000'000s));
-  EXPECT_EQ(lastUsed(vlc), Date(1'700'000'000s));
-  EXPECT_EQ(lastUsed(spotify), Date(1'600'000'000s));
-  world().use(vlc, Date(1'710'000'000s));
-  EXPECT_EQ(lastUsed(vlc), Date(1'710'000'000s));
+  world().install(plexamp, "Plexamp");
+  world().install(deezer, "Deezer for Linux");
+  world().use(deezer, Date(1'700'000'000s));
+  world().use(plexamp, Date(1'600'000'000s));
+  EXPECT_EQ(lastUsed(deezer), Date(1'700'000'000s));
+  EXPECT_EQ(lastUsed(plexamp), Date(1'600'000'000s));
+  world().use(deezer, Date(1'710'000'000s));
+  EXPECT_EQ(lastUsed(deezer), Date(1'710'000'000s));
 }
 
 TEST_P(WorkspaceContract, TheLocalPlayersAreAlwaysTheSame) {
   const std::vector<LocalPlayer> players = workspace().localPlayers();
-  world().install(spotify, "Spotify");
-  world().launch(vlc);
+  world().install(plexamp, "Plexamp");
+  world().launch(deezer);
   EXPECT_EQ(workspace().localPlayers(), players);
 }
 

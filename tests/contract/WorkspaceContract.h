@@ -17,8 +17,9 @@ namespace talmo::test {
 class WorkspaceContract
     : public testing::TestWithParam<std::function<std::unique_ptr<WorkspaceWorld>()>> {
  protected:
-  static constexpr const char* spotify = "com.spotify.client";
-  static constexpr const char* vlc = "org.videolan.vlc";
+  // Players that hardly run on the machine beside the test: a real backend sees them, too.
+  static constexpr const char* plexamp = "tv.plex.plexamp";
+  static constexpr const char* deezer = "com.deezer.deezer-desktop";
   static constexpr const char* unknown = "com.example.nobody";
 
   WorkspaceWorld& world() { return *world_; }

@@ -18,8 +18,17 @@ namespace {
 using namespace std::chrono_literals;
 using Processes = std::vector<ProcessIdentifier>;
 
-constexpr const char* vlc = "org.videolan.vlc";
+// The process table is the whole machine's: every test that looks there has an application of its
+// own, so that they may run beside each other and beside real players.
+constexpr const char* audacious = "org.atheme.audacious";
+constexpr const char* clementine = "org.clementine_player.Clementine";
+constexpr const char* deezer = "com.deezer.deezer-desktop";
+constexpr const char* plexamp = "tv.plex.plexamp";
+constexpr const char* rhythmbox = "org.gnome.Rhythmbox3";
 constexpr const char* strawberry = "org.strawberrymusicplayer.strawberry";
+constexpr const char* tidal = "com.tidal.desktop";
+constexpr const char* vlc = "org.videolan.vlc";
+constexpr const char* youTubeMusic = "com.github.th-ch.youtube-music";
 constexpr const char* chrome = "com.google.Chrome";
 
 /// A program of the system under another name.
@@ -80,13 +89,13 @@ TEST_F(LinuxWorkspaceTest, TheNameIsInThePersonsLanguage) {
 TEST_F(LinuxWorkspaceTest, AnInstanceIsFoundByItsWindow) {
   FakeWindowManager& windows = windowManager();
   const TestProcess process(sleeping("sleep"));
-  EXPECT_EQ(processes(vlc), Processes{});
-  windows.add("vlc", process.pid());
-  windows.add("Vlc", process.pid());
-  windows.add("vlc", 0);
-  windows.add("strawberry", ::getpid());
-  EXPECT_EQ(processes(vlc), Processes{process.pid()});
-  EXPECT_EQ(processes(strawberry), Processes{::getpid()});
+  EXPECT_EQ(processes(deezer), Processes{});
+  windows.add("deezer", process.pid());
+  windows.add("Deezer", process.pid());
+  windows.add("deezer", 0);
+  windows.add("plexamp", ::getpid());
+  EXPECT_EQ(processes(deezer), Processes{process.pid()});
+  EXPECT_EQ(processes(plexamp), Processes{::getpid()});
 }
 
 TEST_F(LinuxWorkspaceTest, AWindowOfAProcessThatIsNotThereIsNoInstance) {
@@ -96,8 +105,8 @@ TEST_F(LinuxWorkspaceTest, AWindowOfAProcessThatIsNotThereIsNoInstance) {
     ended = process.pid();
     process.end();
   }
-  windowManager().add("vlc", ended);
-  EXPECT_EQ(processes(vlc), Processes{});
+  windowManager().add("deezer", ended);
+  EXPECT_EQ(processes(deezer), Processes{});
 }
 
 TEST_F(LinuxWorkspaceTest, AnInstanceIsFoundByItsProgram) {
@@ -114,33 +123,30 @@ TEST_F(LinuxWorkspaceTest, AnInstanceIsFoundByItsProgram) {
   EXPECT_EQ(processes(strawberry), (Processes{first.pid(), second.pid()}));
 }
 
-TEST_F(LinuxWorkspaceTest, AnInstanceThatIsAScriptIsFoundByItsName) {
-  const std::filesystem::path script = PrivateData::scratch() / "strawberry";
+TEST_F(LinuxWorkspaceTest, AnInstanceThatIsAScriptIsFoundByItsNameUntilItEnds) {
+  const std::filesystem::path script = PrivateData::scratch() / "clementine";
   // It waits for a signal.
   std::ofstream(script) << "#!/bin/sh\nkill -STOP $$\n";
   std::filesystem::permissions(script, std::filesystem::perms::owner_all);
   const TestProcess process({.arguments = {script}});
-  EXPECT_TRUE(waitUntil([&] { return processes(strawberry) == Processes{process.pid()}; }));
-}
-
-TEST_F(LinuxWorkspaceTest, AnInstanceThatHasEndedUnnoticedIsNone) {
-  const std::filesystem::path script = PrivateData::scratch() / "strawberry";
-  std::ofstream(script) << "#!/bin/sh\n";
-  std::filesystem::permissions(script, std::filesystem::perms::owner_all);
-  // Nobody asks for its status, so it stays in the process table.
-  const TestProcess process({.arguments = {script}});
-  const std::string status = "/proc/" + std::to_string(process.pid()) + "/stat";
-  ASSERT_TRUE(waitUntil([&] {
-    std::ifstream stream(status);
-    std::string line;
-    std::getline(stream, line);
-    return line.find("(strawberry) Z ") != std::string::npos;
-  }));
-  EXPECT_EQ(processes(strawberry), Processes{});
+  const auto waitForState = [&](const std::string& state) {
+    return waitUntil([&] {
+      std::ifstream stream("/proc/" + std::to_string(process.pid()) + "/stat");
+      std::string line;
+      std::getline(stream, line);
+      return line.find("(clementine) " + state + " ") != std::string::npos;
+    });
+  };
+  ASSERT_TRUE(waitForState("T"));
+  EXPECT_EQ(processes(clementine), Processes{process.pid()});
+  // Nobody asks for its status when it has ended, so it stays in the process table.
+  process.signal(SIGCONT);
+  ASSERT_TRUE(waitForState("Z"));
+  EXPECT_EQ(processes(clementine), Processes{});
 }
 
 TEST_F(LinuxWorkspaceTest, TheHelpersOfAnInstanceAreNoInstances) {
-  const std::string program = copyOf("/bin/sh", "strawberry");
+  const std::string program = copyOf("/bin/sh", "rhythmbox");
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
   {
@@ -149,31 +155,31 @@ TEST_F(LinuxWorkspaceTest, TheHelpersOfAnInstanceAreNoInstances) {
         {.arguments = {program, "-c", "\"$0\" -c 'echo ready; read x <&3' & read x <&3", program},
          .descriptor3 = pipe[0]});
     ASSERT_TRUE(waitUntil([&] { return process.output() == "ready\n"; })) << process.output();
-    EXPECT_EQ(processes(strawberry), Processes{process.pid()});
+    EXPECT_EQ(processes(rhythmbox), Processes{process.pid()});
     ::close(pipe[1]);
   }
   ::close(pipe[0]);
 }
 
 TEST_F(LinuxWorkspaceTest, TheBusComesBeforeWindowsAndTheseBeforePrograms) {
-  const std::string program = copyOf("/usr/bin/sleep", "strawberry");
+  const std::string program = copyOf("/usr/bin/sleep", "tidal-hifi");
   const TestProcess byProgram(sleeping(program));
   waitForProgram(byProgram, program);
   const TestProcess byWindow(sleeping("sleep"));
-  EXPECT_EQ(processes(strawberry), Processes{byProgram.pid()});
-  windowManager().add("strawberry", byWindow.pid());
-  EXPECT_EQ(processes(strawberry), Processes{byWindow.pid()});
-  const PlayerProcess byName("strawberry");
-  EXPECT_EQ(processes(strawberry), Processes{byName.pid()});
+  EXPECT_EQ(processes(tidal), Processes{byProgram.pid()});
+  windowManager().add("tidal-hifi", byWindow.pid());
+  EXPECT_EQ(processes(tidal), Processes{byWindow.pid()});
+  const PlayerProcess byName("tidal-hifi");
+  EXPECT_EQ(processes(tidal), Processes{byName.pid()});
 }
 
 TEST_F(LinuxWorkspaceTest, WithoutABusAndADisplayProgramsAreFound) {
   bus().daemon().end();
   ::setenv("DISPLAY", ":59999", 1);
-  const std::string program = copyOf("/usr/bin/sleep", "strawberry");
+  const std::string program = copyOf("/usr/bin/sleep", "youtube-music");
   const TestProcess process(sleeping(program));
   waitForProgram(process, program);
-  EXPECT_EQ(processes(strawberry), Processes{process.pid()});
+  EXPECT_EQ(processes(youTubeMusic), Processes{process.pid()});
   EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
 }
 
@@ -181,11 +187,11 @@ TEST_F(LinuxWorkspaceTest, AnApplicationInFrontIsKnownByItsClassOrItsProgram) {
   FakeWindowManager& windows = windowManager();
   windows.activate(windows.add("Chromium", 0));
   EXPECT_EQ(workspace().frontmostApplication(), chrome);
-  const std::string program = copyOf("/usr/bin/sleep", "strawberry");
+  const std::string program = copyOf("/usr/bin/sleep", "audacious");
   const TestProcess process(sleeping(program));
   waitForProgram(process, program);
   windows.activate(windows.add("a class of its own", process.pid()));
-  EXPECT_EQ(workspace().frontmostApplication(), strawberry);
+  EXPECT_EQ(workspace().frontmostApplication(), audacious);
 }
 
 TEST_F(LinuxWorkspaceTest, AnotherApplicationInFrontIsKnownByItsEntry) {
@@ -202,11 +208,11 @@ TEST_F(LinuxWorkspaceTest, AnotherApplicationInFrontIsKnownByItsEntry) {
 
 TEST_F(LinuxWorkspaceTest, ADisplayThatWentAwayHasNothingInFront) {
   FakeWindowManager& windows = windowManager();
-  windows.activate(windows.add("vlc", ::getpid()));
-  ASSERT_EQ(workspace().frontmostApplication(), vlc);
+  windows.activate(windows.add("deezer", ::getpid()));
+  ASSERT_EQ(workspace().frontmostApplication(), deezer);
   display().server().end();
   EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
-  EXPECT_EQ(processes(vlc), Processes{});
+  EXPECT_EQ(processes(deezer), Processes{});
 }
 
 TEST_F(LinuxWorkspaceTest, TheLastUseIsThatOfTheEntrysNameOrProgram) {
