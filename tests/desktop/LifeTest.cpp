@@ -24,7 +24,31 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 /// How Talmo starts, fails and ends.
-class Life : public DesktopTest {};
+class Life : public DesktopTest {
+ protected:
+  Life() : somebody_(XConnection::open(desktop_.displayName())) {}
+
+  /// Another program takes a key, whatever its modifiers. Whether it could.
+  bool grab(const std::string& keysym) {
+    xcb_generic_error_t* const error = xcb_request_check(
+        somebody_->get(),
+        xcb_grab_key_checked(somebody_->get(), 0, somebody_->root(), XCB_MOD_MASK_ANY,
+                             keys_.keycode(keysym), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    ::free(error);
+    return error == nullptr;
+  }
+
+  /// Waits until the X server has noticed that nobody holds the key any more.
+  bool waitUntilFree(const std::string& keysym) {
+    if (!waitUntil([&] { return grab(keysym); })) return false;
+    xcb_ungrab_key(somebody_->get(), keys_.keycode(keysym), somebody_->root(), XCB_MOD_MASK_ANY);
+    ::free(xcb_get_input_focus_reply(somebody_->get(), xcb_get_input_focus(somebody_->get()),
+                                     nullptr));
+    return true;
+  }
+
+  const std::unique_ptr<XConnection> somebody_;
+};
 
 TEST_F(Life, EndsInOrderAtATerminationSignalAndFreesTheKeys) {
   const FakePlayerProcess player(desktop_, "audacious");
@@ -34,6 +58,7 @@ TEST_F(Life, EndsInOrderAtATerminationSignalAndFreesTheKeys) {
 
   talmo_->process().signal(SIGTERM);
   EXPECT_EQ(talmo_->process().waitForExit(20s), 0) << talmo_->log();
+  EXPECT_TRUE(waitUntilFree("XF86AudioNext"));
   keys_.tap("XF86AudioNext");
   EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +z -z");
   EXPECT_THAT(player.commands(), ElementsAre("Next"));
@@ -51,6 +76,7 @@ TEST_F(Life, FreesTheKeysWhenItIsKilled) {
   EXPECT_TRUE(talmo_->waitForLines("media key: next down")) << talmo_->log();
   talmo_->process().signal(SIGKILL);
   EXPECT_EQ(talmo_->process().waitForExit(20s), -SIGKILL);
+  EXPECT_TRUE(waitUntilFree("XF86AudioNext"));
   keys_.tap("XF86AudioNext");
   EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +z -z");
 }
@@ -61,6 +87,7 @@ TEST_F(Life, FreesTheKeyboardWhenItIsKilledWhileAKeyIsHeld) {
   EXPECT_TRUE(talmo_->waitForLines("media key: next down")) << talmo_->log();
   talmo_->process().signal(SIGKILL);
   EXPECT_EQ(talmo_->process().waitForExit(20s), -SIGKILL);
+  EXPECT_TRUE(waitUntilFree("XF86AudioNext"));
   keys_.release("XF86AudioNext");
   EXPECT_THAT(windowAfterTyping(), ::testing::EndsWith("+z -z"));
 }
@@ -93,12 +120,7 @@ TEST_F(Life, GoesOnWhenTheSessionBusGoes) {
 }
 
 TEST_F(Life, StaysAliveWithoutAKeyThatSomebodyElseHolds) {
-  const std::unique_ptr<XConnection> other = XConnection::open(desktop_.displayName());
-  ASSERT_TRUE(other);
-  xcb_grab_key(other->get(), 0, other->root(), XCB_MOD_MASK_ANY, keys_.keycode("XF86AudioNext"),
-               XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-  ::free(xcb_get_input_focus_reply(other->get(), xcb_get_input_focus(other->get()), nullptr));
-
+  ASSERT_TRUE(grab("XF86AudioNext"));
   const FakePlayerProcess player(desktop_, "audacious");
   startTalmo("audacious");
   EXPECT_TRUE(talmo_->waitForLines("Event tap creation failed; treating as missing permission"));
