@@ -14,10 +14,18 @@ namespace {
 
 constexpr Logger log("coordinator");
 
+/// Destroys a coordinator on the main thread, whoever lets go of it last: the tap thread does when
+/// the owner goes while a key is being decided, and could not wait for its own end.
+void destroyOnMainThread(AppCoordinator* coordinator) {
+  Dispatch& dispatch = platform().dispatch();
+  std::shared_ptr<AppCoordinator> owner(coordinator);
+  if (!dispatch.isMainThread()) dispatch.mainQueue().async([owner = std::move(owner)] {});
+}
+
 }  // namespace
 
 std::shared_ptr<AppCoordinator> AppCoordinator::make() {
-  return std::shared_ptr<AppCoordinator>(new AppCoordinator);
+  return {new AppCoordinator, &destroyOnMainThread};
 }
 
 AppCoordinator::AppCoordinator()
