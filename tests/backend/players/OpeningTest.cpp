@@ -58,11 +58,11 @@ class OpeningTest : private WithBlockedSignal, public LinuxWorkspaceTest {
     return PrivateData::scratch() / name;
   }
 
-  /// Has the workspace open a URL that nothing opens, and waits for the line that says so: what
-  /// was begun before was not slower.
+  /// Opens a program and waits for it: one that was opened before has been there by then.
   void settle() {
-    workspace().openURL("talmo-nobody:");
-    ASSERT_TRUE(waitUntil([&] { return log().contains("talmo-nobody:"); }));
+    PrivateData::install("vlc", "Name=VLC\n" + exec(file("later.json")));
+    open(vlc);
+    const RecordedStart later(file("later.json"));
   }
 };
 
@@ -220,6 +220,26 @@ TEST_F(OpeningTest, AURLGoesToTheHandlerOfItsScheme) {
   const RecordedStart start(file());
   EXPECT_EQ(start.arguments, (Arguments{RecordedStart::program(), file(), url}));
   EXPECT_EQ(start.session, start.process);
+}
+
+TEST_F(OpeningTest, AURLGoesOverTheBusToAHandlerThatIsThere) {
+  const ActivatedApplication application("org.example.Opener-1", "/org/example/Opener_1");
+  PrivateData::install("org.example.Opener-1",
+                       "Name=Opener\nDBusActivatable=true\n"
+                       "MimeType=x-scheme-handler/talmo-bus-test;\n" +
+                           exec(file(), "%u"));
+  const std::string url = "talmo-bus-test:it's?%20\"a\"";
+  std::ofstream(PrivateData::configHome() / "mimeapps.list")
+      << "[Default Applications]\nx-scheme-handler/talmo-bus-test=org.example.Opener-1.desktop\n";
+  ASSERT_TRUE(waitUntil(
+      [&] {
+        workspace().openURL(url);
+        return !application.opened().empty();
+      },
+      std::chrono::seconds(10), std::chrono::milliseconds(100)));
+  EXPECT_EQ(application.opened().front(), url);
+  settle();
+  EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
 TEST_F(OpeningTest, AURLThatNothingOpensIsOneLineOfInformation) {
