@@ -96,27 +96,19 @@ std::uint8_t KeyPresser::unusedKeycode() const {
   throw std::runtime_error("every key of the map is in use");
 }
 
-void KeyPresser::pressButton() {
-  fake(XCB_BUTTON_PRESS, XCB_BUTTON_INDEX_1);
-}
-
-void KeyPresser::releaseButton() {
-  fake(XCB_BUTTON_RELEASE, XCB_BUTTON_INDEX_1);
-}
-
 bool KeyPresser::isDown(std::uint8_t keycode) const {
   const XReply<xcb_query_keymap_reply_t> reply(
       xcb_query_keymap_reply(connection_->get(), xcb_query_keymap(connection_->get()), nullptr));
   return reply && ((reply->keys[keycode / 8] >> (keycode % 8)) & 1) != 0;
 }
 
-void KeyPresser::fake(std::uint8_t type, std::uint8_t detail) {
+void KeyPresser::fake(std::uint8_t type, std::uint8_t keycode) {
   xcb_generic_error_t* const error = xcb_request_check(
-      connection_->get(), xcb_test_fake_input_checked(connection_->get(), type, detail,
+      connection_->get(), xcb_test_fake_input_checked(connection_->get(), type, keycode,
                                                       XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0));
   const XReply<xcb_generic_error_t> owned(error);
   if (error != nullptr || connection_->isDead()) {
-    throw std::runtime_error("the display did not take a key or a button");
+    throw std::runtime_error("the display did not take a key");
   }
 }
 

@@ -44,15 +44,11 @@ class KeyPresser {
   /// A key of the map that gives nothing.
   std::uint8_t unusedKeycode() const;
 
-  /// Presses or releases the left mouse button.
-  void pressButton();
-  void releaseButton();
-
   /// Whether the server has the key down.
   bool isDown(std::uint8_t keycode) const;
 
  private:
-  void fake(std::uint8_t type, std::uint8_t detail);
+  void fake(std::uint8_t type, std::uint8_t keycode);
 
   std::unique_ptr<XConnection> connection_;
 };

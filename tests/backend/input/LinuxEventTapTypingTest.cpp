@@ -161,18 +161,31 @@ TEST_F(LinuxEventTapTyping, LettersRepeatWhileAConsumedKeyIsHeld) {
   EXPECT_TRUE(keyboardIsFree());
 }
 
-TEST_F(LinuxEventTapTyping, LettersReachTheWindowWhileTheMouseIsDragged) {
-  desk.keyboard.pressButton();
-  desk.keyboard.press("XF86AudioPlay");
-  for (const char* const letter : {"a", "b", "c"}) {
-    desk.keyboard.tap(letter);
-    const std::string end = std::string("-") + letter;
-    ASSERT_TRUE(desk.runUntil([&] { return desk.window->transcript().ends_with(end); }));
+// Somebody else has the pointer then, so the keyboard cannot be kept still between two events, and
+// the release of the media key may slip through. No letter may, and the keyboard has to be let go.
+TEST_F(LinuxEventTapTyping, NoLetterIsLostWhileTheMouseIsDragged) {
+  const auto dragging = XConnection::open(desk.display.name());
+  const XReply<xcb_grab_pointer_reply_t> drag(xcb_grab_pointer_reply(
+      dragging->get(),
+      xcb_grab_pointer(dragging->get(), 0, dragging->root(), 0, XCB_GRAB_MODE_ASYNC,
+                       XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME),
+      nullptr));
+  ASSERT_TRUE(drag && drag->status == XCB_GRAB_STATUS_SUCCESS);
+  // All of a round is typed before the press of the media key is answered for.
+  slowness = 50;
+  for (int round = 0; round < 5; ++round) {
+    desk.window->clear();
+    desk.keyboard.press("XF86AudioPlay");
+    for (const char* const letter : {"t", "a", "l", "m", "o"}) desk.keyboard.tap(letter);
+    desk.keyboard.release("XF86AudioPlay");
+    std::string got = windowGets();
+    const std::string slipped = " -XF86AudioPlay";
+    if (const std::size_t at = got.find(slipped); at != std::string::npos) {
+      got.erase(at, slipped.size());
+    }
+    EXPECT_EQ(got, "+t -t +a -a +l -l +m -m +o -o");
+    EXPECT_TRUE(desk.runUntil([this] { return keyboardIsFree(); }, 5s)) << "round " << round;
   }
-  desk.keyboard.release("XF86AudioPlay");
-  desk.keyboard.releaseButton();
-  EXPECT_EQ(windowGets(), "+a -a +b -b +c -c");
-  EXPECT_TRUE(keyboardIsFree());
 }
 
 TEST_F(LinuxEventTapTyping, KeysAreCapturedUnderEveryLock) {
