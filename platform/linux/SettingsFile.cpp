@@ -22,6 +22,8 @@ namespace {
 // What the kernel follows as well (path_resolution(7)).
 constexpr int longestLinkChain = 40;
 
+constexpr const char* notRegular = "it is not a regular file";
+
 // A thousand damaged files in one second are not a person's settings.
 constexpr int mostNames = 1000;
 
@@ -57,7 +59,7 @@ SettingsFile::Content SettingsFile::read(std::size_t limit) const {
   }
   struct stat status{};
   if (::fstat(file.get(), &status) != 0) return {.failure = errorText(errno)};
-  if (!S_ISREG(status.st_mode)) return {.failure = "it is not a regular file"};
+  if (!S_ISREG(status.st_mode)) return {.failure = notRegular};
   std::string text;
   while (text.size() <= limit) {
     std::array<char, 16384> buffer{};
@@ -89,6 +91,9 @@ std::optional<std::filesystem::path> SettingsFile::putAside() const {
 
 std::optional<std::string> SettingsFile::write(const std::string& text) const {
   const std::filesystem::path file = resolved();
+  struct stat status{};
+  // A device that a link leads to is not to be replaced, not even by the administrator.
+  if (::lstat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) return notRegular;
   if (::g_mkdir_with_parents(path_.parent_path().c_str(), S_IRWXU) != 0) return errorText(errno);
   GError* raised = nullptr;
   constexpr auto flags = static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |

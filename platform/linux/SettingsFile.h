@@ -28,7 +28,8 @@ class SettingsFile {
   std::optional<std::filesystem::path> putAside() const;
 
   /// Replaces the file, or makes it and its folder, readable by the owner only. On return the file
-  /// is safe on its disk. Returns the failure, if any; the old file is then untouched.
+  /// is safe on its disk. Returns the failure, if any; the old file is then untouched, and so is
+  /// anything else that stands there.
   std::optional<std::string> write(const std::string& text) const;
 
  private:

@@ -290,21 +290,41 @@ TEST_F(LinuxUserDefaultsTest, DamagedFileThatCannotBePutAsideIsNeverOverwritten)
   EXPECT_THAT(errors(), ElementsAre(HasSubstr("storing nothing")));
 }
 
-TEST_F(LinuxUserDefaultsTest, DeviceAndFolderBehindALinkAreLeftAlone) {
-  std::filesystem::create_directory(folder_.path() / "documents");
-  for (const std::filesystem::path& target :
-       {std::filesystem::path("/dev/null"), folder_.path() / "documents"}) {
-    std::filesystem::create_symlink(target, folder_.file());
-    LinuxUserDefaults defaults(folder_.file());
-    defaults.setString("selectedTargetAppID", "vlc");
-    EXPECT_EQ(defaults.string("selectedTargetAppID"), "vlc");
-    EXPECT_TRUE(std::filesystem::exists(target));
-    EXPECT_FALSE(std::filesystem::is_regular_file(target));
-    EXPECT_EQ(std::filesystem::read_symlink(folder_.file()), target);
-    std::filesystem::remove(folder_.file());
-  }
-  EXPECT_THAT(folder_.names(), ElementsAre("documents"));
-  EXPECT_THAT(errors(), SizeIs(2));
+TEST_F(LinuxUserDefaultsTest, FolderBehindALinkIsLeftAlone) {
+  const std::filesystem::path target = folder_.path() / "documents";
+  std::filesystem::create_directory(target);
+  std::filesystem::create_symlink(target, folder_.file());
+  LinuxUserDefaults defaults(folder_.file());
+  defaults.setString("selectedTargetAppID", "vlc");
+  EXPECT_EQ(defaults.string("selectedTargetAppID"), "vlc");
+  EXPECT_THAT(folder_.names(), ElementsAre("documents", "settings.json"));
+  EXPECT_TRUE(std::filesystem::is_directory(target));
+  EXPECT_EQ(std::filesystem::read_symlink(folder_.file()), target);
+  EXPECT_THAT(errors(), ElementsAre(HasSubstr("storing nothing")));
+}
+
+TEST_F(LinuxUserDefaultsTest, DeviceBehindALinkIsReadAsNothingAndLeftAlone) {
+  std::filesystem::create_symlink("/dev/null", folder_.file());
+  // An administrator could do harm to the device.
+  const WithoutPrivileges scope(folder_);
+  LinuxUserDefaults defaults(folder_.file());
+  defaults.setString("selectedTargetAppID", "vlc");
+  EXPECT_EQ(defaults.string("selectedTargetAppID"), "vlc");
+  EXPECT_EQ(std::filesystem::read_symlink(folder_.file()), "/dev/null");
+  EXPECT_THAT(folder_.names(), ElementsAre("settings.json"));
+  EXPECT_THAT(errors(), ElementsAre(HasSubstr("storing nothing")));
+}
+
+TEST_F(LinuxUserDefaultsTest, WhatTookTheFilesPlaceMeanwhileIsNotReplaced) {
+  LinuxUserDefaults defaults(folder_.file());
+  defaults.setString("selectedTargetAppID", "vlc");
+  std::filesystem::remove(folder_.file());
+  ASSERT_EQ(::mkfifo((folder_.path() / "pipe").c_str(), 0600), 0);
+  std::filesystem::create_symlink("pipe", folder_.file());
+  defaults.setString("selectedTargetAppID", "spotify");
+  EXPECT_EQ(defaults.string("selectedTargetAppID"), "spotify");
+  EXPECT_TRUE(std::filesystem::is_fifo(folder_.path() / "pipe"));
+  EXPECT_THAT(errors(), ElementsAre(HasSubstr("not a regular file")));
 }
 
 TEST_F(LinuxUserDefaultsTest, PipeInPlaceOfTheFileHoldsNobodyUp) {
