@@ -153,7 +153,7 @@ void LinuxEventTapPort::decide(const xcb_key_press_event_t& event, bool isPress)
   }
 }
 
-TapVerdict LinuxEventTapPort::ask(std::uint8_t code, bool isPress, bool isRepeat) {
+TapVerdict LinuxEventTapPort::ask(std::uint8_t code, bool isPress, bool isRepeat) const {
   if (((parameters_.eventsOfInterest >> systemDefinedType) & 1) == 0) return TapVerdict::pass;
   const std::int64_t state = isPress ? keyStateDown : keyStateUp;
   MediaKeyEvent event((std::int64_t{code} << 16) | (state << 8) | (isRepeat ? 1 : 0));

@@ -56,7 +56,7 @@ class LinuxEventTapPort : public EventTapPort, public LinuxRunLoopSource {
 
   bool serve(const XConnection& connection);
   void decide(const xcb_key_press_event_t& event, bool isPress);
-  TapVerdict ask(std::uint8_t code, bool isPress, bool isRepeat);
+  TapVerdict ask(std::uint8_t code, bool isPress, bool isRepeat) const;
   void forgetKeysThatAreUp();
   void forgetAllKeys();
   void loseDisplay();

@@ -47,9 +47,9 @@ std::uint16_t modifiersOf(std::uint64_t flags) {
 }  // namespace
 
 void LinuxKeyEvents::post(const KeyboardEvent& event, ProcessIdentifier process) {
-  const MutexLock lock(mutex_);
   std::optional<xkb_keysym_t> exception;
   if (strokeException_) exception = strokeException_(event, process);
+  const MutexLock lock(mutex_);
   const xkb_keysym_t keysym = exception.value_or(keysymOf(event.keyCode));
   if (keysym == XKB_KEY_NoSymbol || !connect()) return;
   const xcb_window_t window = windowFor(event, process);

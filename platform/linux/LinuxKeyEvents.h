@@ -23,7 +23,7 @@ namespace talmo {
 class LinuxKeyEvents : public KeyEvents {
  public:
   /// The keysym to send to that process in place of an event, without its modifiers; nothing to
-  /// send the event as it is. Called on the threads that post, one at a time.
+  /// send the event as it is. Called on every thread that posts.
   using StrokeExceptions =
       std::function<std::optional<std::uint32_t>(const KeyboardEvent&, ProcessIdentifier)>;
 

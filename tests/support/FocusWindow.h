@@ -25,7 +25,7 @@ class FocusWindow {
     std::uint16_t height = 200;
     bool isMapped = true;
     /// The name of its _NET_WM_WINDOW_TYPE; none when empty.
-    std::string type = {};
+    std::string type;
     /// The window that it belongs to (WM_TRANSIENT_FOR); 0 for none.
     std::uint32_t transientFor = 0;
   };

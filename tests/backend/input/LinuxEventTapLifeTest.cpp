@@ -76,7 +76,7 @@ TEST_F(LinuxEventTapLife, KeyThatAnotherProgramHoldsIsNamed) {
   Client client(desk.display.name());
   const std::uint8_t keycode = desk.keyboard.keycode("XF86AudioNext");
   ASSERT_TRUE(client.grab(keycode));
-  TapThread tap(desk.dispatch, desk.eventTap);
+  const TapThread tap(desk.dispatch, desk.eventTap);
   EXPECT_FALSE(isInstalled(tap));
   EXPECT_THAT(errors(), ElementsAre("XF86AudioNext (keycode " + std::to_string(keycode) +
                                     ") is grabbed by another program"));
@@ -87,7 +87,7 @@ TEST_F(LinuxEventTapLife, KeyThatAnotherProgramHoldsIsNamed) {
 TEST_F(LinuxEventTapLife, KeyThatAnotherProgramHoldsUnderALockIsNamedToo) {
   Client client(desk.display.name());
   ASSERT_TRUE(client.grab(desk.keyboard.keycode("XF86AudioPrev"), XCB_MOD_MASK_LOCK));
-  TapThread tap(desk.dispatch, desk.eventTap);
+  const TapThread tap(desk.dispatch, desk.eventTap);
   EXPECT_FALSE(isInstalled(tap));
   EXPECT_THAT(errors(), ElementsAre(HasSubstr("XF86AudioPrev")));
 }
@@ -110,7 +110,7 @@ TEST_F(LinuxEventTapLife, EveryKeycodeThatCarriesAMediaKeysymIsCaptured) {
 
 TEST_F(LinuxEventTapLife, ThereIsNoTapWithoutADisplay) {
   ::setenv("DISPLAY", ":1234567", 1);
-  TapThread tap(desk.dispatch, desk.eventTap);
+  const TapThread tap(desk.dispatch, desk.eventTap);
   EXPECT_FALSE(isInstalled(tap));
   EXPECT_THAT(errors(), ElementsAre("there is no X display to capture media keys on"));
 }

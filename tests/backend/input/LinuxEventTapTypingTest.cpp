@@ -54,7 +54,7 @@ class LinuxEventTapTyping : public testing::Test {
     return text;
   }
 
-  bool keyboardIsFree() {
+  bool keyboardIsFree() const {
     const auto connection = XConnection::open(desk.display.name());
     const XReply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
         connection->get(),

@@ -28,7 +28,7 @@ constexpr std::uint64_t command = 0x100000;
 
 class LinuxKeyEventsOnX : public testing::Test {
  protected:
-  std::unique_ptr<FocusWindow> window(const FocusWindow::Options& options) {
+  std::unique_ptr<FocusWindow> window(const FocusWindow::Options& options) const {
     return std::make_unique<FocusWindow>(desk.display.name(), options);
   }
 
@@ -43,7 +43,7 @@ class LinuxKeyEventsOnX : public testing::Test {
   }
 
   /// Writes a list of windows on the root, as a window manager does.
-  void setRootList(const std::string& property, const std::vector<std::uint32_t>& windows) {
+  void setRootList(const std::string& property, const std::vector<std::uint32_t>& windows) const {
     const auto connection = XConnection::open(desk.display.name());
     xcb_change_property(connection->get(), XCB_PROP_MODE_REPLACE, connection->root(),
                         connection->atom(property), XCB_ATOM_WINDOW, 32,
@@ -191,14 +191,14 @@ TEST_F(LinuxKeyEventsOnX, ProcessThatHangsIsNotWaitedFor) {
 TEST_F(LinuxKeyEventsOnX, StrokesOfSeveralThreadsAllArrive) {
   const auto main = window({.pid = player});
   constexpr std::size_t strokes = 25;
-  std::vector<std::thread> threads;
-  for (int thread = 0; thread < 4; ++thread) {
-    threads.emplace_back([&] {
+  std::array<std::thread, 4> threads;
+  for (std::thread& thread : threads) {
+    thread = std::thread([&] {
       for (std::size_t stroke = 0; stroke < strokes; ++stroke) post(events, 49);
     });
   }
   for (std::thread& thread : threads) thread.join();
-  EXPECT_TRUE(desk.runUntil([&] { return main->keys().size() == 4 * 2 * strokes; }));
+  EXPECT_TRUE(desk.runUntil([&] { return main->keys().size() == threads.size() * 2 * strokes; }));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include "tests/support/TestPlatform.h"
 
 int main() {
-  talmo::test::TestPlatform platform;
+  const talmo::test::TestPlatform platform;
   talmo::LinuxEventTap eventTap;
   const auto say = [](std::string_view line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
