@@ -110,9 +110,10 @@ void AutomationPermission::refreshStatus(const std::string& bundle, Completion c
       if (!isFirst) return;
     }
   }
+  // Where nothing was cached, the completion has moved to those that wait.
   if (!cached) {
     shared.queryQueue->async([bundle] { answerPending(bundle); });
-  } else if (completion) {
+  } else if (completion) {  // NOLINT(bugprone-use-after-move)
     platform().dispatch().mainQueue().async(
         [completion = std::move(completion), status = *cached] { completion(status); });
   }

@@ -68,6 +68,7 @@ void LinuxLog::write(LogLevel level, std::string_view subsystem, std::string_vie
   if (toJournal_) {
     std::vector<std::string> fields = journalFields(level, subsystem, category, message);
     std::vector<iovec> parts;
+    parts.reserve(fields.size());
     for (std::string& field : fields) parts.push_back({field.data(), field.size()});
     ::sd_journal_sendv(parts.data(), static_cast<int>(parts.size()));
     return;

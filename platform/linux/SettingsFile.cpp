@@ -83,7 +83,7 @@ std::optional<std::filesystem::path> SettingsFile::putAside() const {
   for (int number = 1; number <= mostNames; ++number) {
     const std::string target = number == 1 ? base : base + "-" + std::to_string(number);
     const int error = renameToFree(file, target);
-    if (error == 0) return target;
+    if (error == 0) return std::filesystem::path(target);
     if (error != EEXIST) return std::nullopt;
   }
   return std::nullopt;
