@@ -65,8 +65,9 @@ Error startByBus(sd_bus* bus, const std::string& name, const std::vector<std::st
                                               urls.empty() ? "Activate" : "Open");
   const Message call(raw);
   if (result >= 0 && !urls.empty()) {
-    std::vector<char*> list;
     std::vector<std::string> copies = urls;
+    std::vector<char*> list;
+    list.reserve(copies.size() + 1);
     for (std::string& url : copies) list.push_back(url.data());
     list.push_back(nullptr);
     result = sd_bus_message_append_strv(call.get(), list.data());

@@ -29,7 +29,7 @@ std::vector<std::string> readNames(sd_bus_message* message) {
   std::vector<std::string> names;
   if (sd_bus_message_enter_container(message, 'a', "s") <= 0) return names;
   const char* name = nullptr;
-  while (sd_bus_message_read_basic(message, 's', &name) > 0) names.emplace_back(name);
+  while (sd_bus_message_read(message, "s", &name) > 0) names.emplace_back(name);
   return names;
 }
 

@@ -67,7 +67,8 @@ bool goesBy(ProcessIdentifier process, const std::vector<std::string_view>& name
   // Empty for a process that has ended and whose parent has not asked for its status yet.
   const std::string arguments = contents(pathOf(process, "cmdline"));
   if (arguments.empty()) return false;
-  if (contains(names, fileName(arguments.c_str()))) return true;
+  if (contains(names, fileName(std::string_view(arguments).substr(0, arguments.find('\0')))))
+    return true;
   std::string name = contents(pathOf(process, "comm"));
   if (name.ends_with('\n')) name.pop_back();
   return contains(names, name);

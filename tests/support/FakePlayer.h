@@ -37,7 +37,7 @@ class FakePlayer {
     /// Whether the process ends when the bus goes away, so that a program is not left behind.
     bool endsWithBus = false;
     /// Called on the player's thread with each command (its method's name) before it is answered.
-    std::function<void(const std::string&)> onCommand = {};
+    std::function<void(const std::string&)> onCommand;
   };
 
   /// The name of the error of a player that fails, and its message.

@@ -26,7 +26,7 @@ int usage() {
 
 void print(const std::string& command) {
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  std::cout << std::chrono::nanoseconds(now).count() << ' ' << command << std::endl;
+  std::cout << std::chrono::nanoseconds(now).count() << ' ' << command << '\n' << std::flush;
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ int main(int count, char** values) {
   pthread_sigmask(SIG_BLOCK, &ends, nullptr);
   try {
     const FakePlayer player(std::move(start));
-    std::cout << "ready" << std::endl;
+    std::cout << "ready\n" << std::flush;
     int signal = 0;
     sigwait(&ends, &signal);
   } catch (const std::exception& error) {

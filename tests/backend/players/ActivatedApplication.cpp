@@ -31,7 +31,7 @@ struct ActivatedApplication::Callbacks {
     const MutexLock lock(application.mutex_);
     sd_bus_message_enter_container(call, 'a', "s");
     const char* url = nullptr;
-    while (sd_bus_message_read_basic(call, 's', &url) > 0) application.opened_.emplace_back(url);
+    while (sd_bus_message_read(call, "s", &url) > 0) application.opened_.emplace_back(url);
     sd_bus_message_exit_container(call);
     return sd_bus_reply_method_return(call, nullptr);
   }

@@ -1,6 +1,7 @@
 #include <chrono>
 #include <csignal>
 #include <fstream>
+#include <sys/wait.h>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -23,6 +24,13 @@ using Commands = std::vector<std::string>;
 constexpr const char* rhythmbox = "org.gnome.Rhythmbox3";
 constexpr const char* mpv = "io.mpv.Mpv";
 constexpr long twoSeconds = 120;
+
+/// Stops a process of ours and waits until all of it stands still.
+void stop(const TestProcess& process) {
+  process.signal(SIGSTOP);
+  siginfo_t ignored{};
+  ASSERT_EQ(::waitid(P_PID, static_cast<id_t>(process.pid()), &ignored, WSTOPPED | WNOWAIT), 0);
+}
 
 class LinuxAppleEventsTest : public PlayersTest {
  protected:
@@ -82,7 +90,7 @@ TEST_F(LinuxAppleEventsTest, AHungPlayerCostsItsCallerTwoSecondsAndNobodyElseAny
 TEST_F(LinuxAppleEventsTest, APlayerThatIsStoppedTakesNoLongerThanTheTimeout) {
   PlayerProcess player("rhythmbox");
   ASSERT_EQ(send(rhythmbox), std::nullopt);
-  player.process().signal(SIGSTOP);
+  stop(player.process());
   const Clock::time_point start = Clock::now();
   EXPECT_EQ(send(rhythmbox), "no answer within 2000 ms");
   EXPECT_LT(Clock::now() - start, 3500ms);
@@ -227,8 +235,8 @@ TEST_F(LinuxAppleEventsTest, ABusThatComesBackServesTheNextCommand) {
   EXPECT_EQ(consent(rhythmbox), LinuxAppleEvents::connectionInvalid);
   EXPECT_NE(send(rhythmbox), std::nullopt);
   // At the same address, as after a crash of the daemon.
-  TestProcess successor({.arguments = {"dbus-daemon", "--session", "--nofork", "--nopidfile",
-                                       "--address=" + bus().address()}});
+  const TestProcess successor({.arguments = {"dbus-daemon", "--session", "--nofork", "--nopidfile",
+                                             "--address=" + bus().address()}});
   ASSERT_TRUE(waitUntil([&] { return consent(rhythmbox) == -600; }));
   const PlayerProcess player("rhythmbox");
   EXPECT_EQ(consent(rhythmbox), 0);
@@ -248,7 +256,7 @@ TEST_F(LinuxAppleEventsTest, ABusThatChangedUnseenBetweenTwoCommandsLosesNeither
 TEST_F(LinuxAppleEventsTest, ABusThatHangsCostsNoMoreThanTheTimeout) {
   const PlayerProcess player("rhythmbox");
   ASSERT_EQ(send(rhythmbox), std::nullopt);
-  bus().daemon().signal(SIGSTOP);
+  stop(bus().daemon());
   Clock::time_point start = Clock::now();
   EXPECT_EQ(consent(rhythmbox), LinuxAppleEvents::connectionInvalid);
   EXPECT_LT(Clock::now() - start, 2s);

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <unistd.h>
 
+#include "platform/linux/DesktopEntry.h"
 #include "platform/linux/GlibHandles.h"
 #include "tests/backend/players/ActivatedApplication.h"
 #include "tests/backend/players/LinuxWorkspaceTest.h"
@@ -22,7 +23,7 @@ constexpr const char* vlc = "org.videolan.vlc";
 constexpr const char* rhythmbox = "org.gnome.Rhythmbox3";
 
 /// Characters that mean something to a shell, to desktop entries or to URLs.
-constexpr const char* awkward = "it's \"a\" $(touch pwned); `touch pwned` & \\ #1?";
+constexpr const char* awkward = R"(it's "a" $(touch pwned); `touch pwned` & \ #1?)";
 
 /// Blocks a signal for the test, before any thread starts that would take the block over.
 class WithBlockedSignal {
@@ -56,6 +57,11 @@ class OpeningTest : private WithBlockedSignal, public LinuxWorkspaceTest {
 
   std::filesystem::path file(const std::string& name = "start.json") {
     return PrivateData::scratch() / name;
+  }
+
+  /// Waits until GIO, which watches the list of default applications, has one for the URL.
+  static void waitForHandler(const std::string& url) {
+    ASSERT_TRUE(waitUntil([&] { return DesktopEntry::defaultForURL(url).has_value(); }));
   }
 
   /// Opens a program and waits for it: one that was opened before has been there by then.
@@ -210,13 +216,8 @@ TEST_F(OpeningTest, AURLGoesToTheHandlerOfItsScheme) {
   std::ofstream(PrivateData::configHome() / "mimeapps.list")
       << "[Default Applications]\nx-scheme-handler/talmo-test=opener.desktop\n";
   const std::string url = "talmo-test:it's?%20\"a\"&$(touch%20pwned);`touch`";
-  // GIO watches the list for changes; until it has seen this one nothing opens the URL.
-  ASSERT_TRUE(waitUntil(
-      [&] {
-        workspace().openURL(url);
-        return std::filesystem::exists(file());
-      },
-      std::chrono::seconds(10), std::chrono::milliseconds(100)));
+  waitForHandler(url);
+  workspace().openURL(url);
   const RecordedStart start(file());
   EXPECT_EQ(start.arguments, (Arguments{RecordedStart::program(), file(), url}));
   EXPECT_EQ(start.session, start.process);
@@ -231,12 +232,9 @@ TEST_F(OpeningTest, AURLGoesOverTheBusToAHandlerThatIsThere) {
   const std::string url = "talmo-bus-test:it's?%20\"a\"";
   std::ofstream(PrivateData::configHome() / "mimeapps.list")
       << "[Default Applications]\nx-scheme-handler/talmo-bus-test=org.example.Opener-1.desktop\n";
-  ASSERT_TRUE(waitUntil(
-      [&] {
-        workspace().openURL(url);
-        return !application.opened().empty();
-      },
-      std::chrono::seconds(10), std::chrono::milliseconds(100)));
+  waitForHandler(url);
+  workspace().openURL(url);
+  ASSERT_TRUE(waitUntil([&] { return !application.opened().empty(); }));
   EXPECT_EQ(application.opened().front(), url);
   settle();
   EXPECT_FALSE(std::filesystem::exists(file()));

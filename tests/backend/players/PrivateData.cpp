@@ -20,7 +20,7 @@ constexpr std::array<const char*, 3> folders{"data", "config", "scratch"};
 class Environment : public testing::Environment {
  public:
   void SetUp() override {
-    folder_ = std::make_unique<TemporaryFolder>();
+    folder() = std::make_unique<TemporaryFolder>();
     PrivateData::clear();
     const std::filesystem::path& root = path();
     ::setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
@@ -32,12 +32,15 @@ class Environment : public testing::Environment {
     for (const char* language : {"LANGUAGE", "LC_ALL", "LC_MESSAGES"}) ::unsetenv(language);
     ::setenv("LANG", "C.UTF-8", 1);
   }
-  void TearDown() override { folder_.reset(); }
+  void TearDown() override { folder().reset(); }
 
-  static const std::filesystem::path& path() { return folder_->path(); }
+  static const std::filesystem::path& path() { return folder()->path(); }
 
  private:
-  static inline std::unique_ptr<TemporaryFolder> folder_;
+  static std::unique_ptr<TemporaryFolder>& folder() {
+    static std::unique_ptr<TemporaryFolder> made;
+    return made;
+  }
 };
 
 [[maybe_unused]] const auto* const environment =
@@ -99,8 +102,8 @@ std::string PrivateData::quoted(const std::string& argument) {
   std::string result = "\"";
   for (const char letter : argument) {
     // One backslash for the argument's quotes, written as two in a value.
-    if (letter == '"' || letter == '`' || letter == '$') result += "\\\\";
-    if (letter == '\\') result += "\\\\\\";
+    if (letter == '"' || letter == '`' || letter == '$') result += R"(\\)";
+    if (letter == '\\') result += R"(\\\)";
     if (letter == '%') result += '%';
     result += letter;
   }

@@ -41,8 +41,8 @@ void RecordedStart::end() {
     std::ifstream status(name + "/stat");
     const std::string text{std::istreambuf_iterator<char>(status),
                            std::istreambuf_iterator<char>()};
-    const std::size_t name_end = text.rfind(')');
-    return name_end == std::string::npos || text.compare(name_end, 3, ") Z") == 0;
+    const std::size_t nameEnd = text.rfind(')');
+    return nameEnd == std::string::npos || text.compare(nameEnd, 3, ") Z") == 0;
   });
   if (!hasEnded) throw std::runtime_error("the program did not end");
   process = 0;

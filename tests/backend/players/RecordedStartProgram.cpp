@@ -3,9 +3,11 @@
 // Writes to FILE, as JSON, how it was started, and goes on until SIGTERM, or for a minute. The file
 // is complete when it appears.
 #include <csignal>
+#include <exception>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -36,18 +38,25 @@ std::vector<int> blockedSignals() {
   return numbers;
 }
 
-}  // namespace
-
-int main(int count, char** values) {
-  const std::vector<std::string> arguments(values, values + count);
-  if (count < 2) return 2;
-  const nlohmann::json record = {
+void record(const std::vector<std::string>& arguments) {
+  const nlohmann::json start = {
       {"arguments", arguments},       {"process", ::getpid()},
       {"parent", ::getppid()},        {"session", ::getsid(0)},
       {"descriptors", descriptors()}, {"blockedSignals", blockedSignals()}};
-  const std::filesystem::path file(arguments[1]);
-  std::ofstream(file.string() + ".draft") << record;
+  const std::filesystem::path& file = arguments.at(1);
+  std::ofstream(file.string() + ".draft") << start;
   std::filesystem::rename(file.string() + ".draft", file);
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  try {
+    record(std::vector<std::string>(values, values + count));
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
+  }
   ::alarm(60);
   while (true) ::pause();
 }
