@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxPlatform.h"
 
-#include "platform/linux/LinuxApplications.h"
+#include "platform/linux/applications/LinuxApplications.h"
 
 namespace talmo {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/linux/LinuxAppleEvents.h"
-#include "platform/linux/LinuxDispatch.h"
-#include "platform/linux/LinuxEventTap.h"
-#include "platform/linux/LinuxKeyEvents.h"
-#include "platform/linux/LinuxLog.h"
-#include "platform/linux/LinuxUserDefaults.h"
-#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/applications/LinuxAppleEvents.h"
+#include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
+#include "platform/linux/input/LinuxEventTap.h"
+#include "platform/linux/input/LinuxKeyEvents.h"
+#include "platform/linux/log/LinuxLog.h"
+#include "platform/linux/settings/LinuxUserDefaults.h"
 #include "platform/Platform.h"
 
 namespace talmo {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <signal.h>
 
-#include "platform/linux/LinuxDispatch.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
 
 namespace talmo {
 

@@ -8,7 +8,7 @@
 #include "app/AppCoordinator.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
-#include "platform/linux/XConnection.h"
+#include "platform/linux/x11/XConnection.h"
 #include "platform/Platform.h"
 #include "support/Logger.h"
 

@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
-#include "platform/linux/XConnection.h"
+#include "platform/linux/x11/XConnection.h"
 #include "tests/desktop/DesktopTest.h"
 #include "tests/support/FakePlayerProcess.h"
 #include "tests/support/WaitUntil.h"

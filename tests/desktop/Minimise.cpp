@@ -5,7 +5,7 @@
 
 #include <xcb/xcb.h>
 
-#include "platform/linux/XConnection.h"
+#include "platform/linux/x11/XConnection.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {

@@ -5,9 +5,9 @@
 
 #include <xkbcommon/xkbcommon.h>
 
-#include "platform/linux/XkbProtocol.h"
-#include "platform/linux/XKeymap.h"
-#include "platform/linux/XReply.h"
+#include "platform/linux/input/XkbProtocol.h"
+#include "platform/linux/input/XKeymap.h"
+#include "platform/linux/x11/XReply.h"
 #include "support/MutexLock.h"
 #include "tests/support/WaitUntil.h"
 

@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/linux/XConnection.h"
+#include "platform/linux/x11/XConnection.h"
 #include "support/Mutex.h"
 #include "support/ThreadSafety.h"
 #include "tests/support/RecordedKey.h"

@@ -7,9 +7,9 @@
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon.h>
 
-#include "platform/linux/XkbProtocol.h"
-#include "platform/linux/XKeymap.h"
-#include "platform/linux/XReply.h"
+#include "platform/linux/input/XkbProtocol.h"
+#include "platform/linux/input/XKeymap.h"
+#include "platform/linux/x11/XReply.h"
 
 namespace talmo::test {
 namespace {

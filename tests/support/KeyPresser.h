@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/XConnection.h"
+#include "platform/linux/x11/XConnection.h"
 
 namespace talmo::test {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "platform/Platform.h"
-#include "tests/support/RecordingLog.h"
+#include "platform/simulated/SimulatedLog.h"
 
 namespace talmo::test {
 
@@ -30,7 +30,7 @@ class TestPlatform : public Platform {
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
-  RecordingLog& log() override { return log_; }
+  SimulatedLog& log() override { return log_; }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
 
@@ -45,7 +45,7 @@ class TestPlatform : public Platform {
   }
 
   const Services services_;
-  RecordingLog log_;
+  SimulatedLog log_;
 };
 
 }  // namespace talmo::test

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/LinuxDispatch.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
 
 namespace talmo::test {
 namespace {

@@ -16,7 +16,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/LinuxDispatch.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
 #include "support/Mutex.h"
 #include "support/MutexLock.h"
 #include "tests/support/WaitUntil.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/LinuxDispatch.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
 #include "tests/contract/DispatchWorld.h"
 
 namespace talmo::test {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/TimerSchedule.h"
+#include "platform/linux/dispatch/TimerSchedule.h"
 
 namespace talmo {
 namespace {

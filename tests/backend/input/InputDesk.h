@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/linux/LinuxDispatch.h"
-#include "platform/linux/LinuxEventTap.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
+#include "platform/linux/input/LinuxEventTap.h"
 #include "tests/support/FocusWindow.h"
 #include "tests/support/KeyPresser.h"
 #include "tests/support/PrivateDisplay.h"

@@ -9,8 +9,8 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/linux/XConnection.h"
-#include "platform/linux/XReply.h"
+#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/x11/XReply.h"
 #include "tests/backend/input/InputDesk.h"
 #include "tests/contract/TapThread.h"
 #include "tests/support/WaitUntil.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/linux/LinuxKeyEvents.h"
+#include "platform/linux/input/LinuxKeyEvents.h"
 #include "tests/backend/input/InputDesk.h"
 #include "tests/contract/KeyEventsContract.h"
 

@@ -11,8 +11,8 @@
 #include <gmock/gmock.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
-#include "platform/linux/LinuxKeyEvents.h"
-#include "platform/linux/XConnection.h"
+#include "platform/linux/input/LinuxKeyEvents.h"
+#include "platform/linux/x11/XConnection.h"
 #include "tests/backend/input/InputDesk.h"
 
 namespace talmo::test {

@@ -12,8 +12,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/FileDescriptor.h"
-#include "platform/linux/LinuxRunLoop.h"
-#include "platform/linux/LinuxRunLoopSource.h"
+#include "platform/linux/input/LinuxRunLoop.h"
+#include "platform/linux/input/LinuxRunLoopSource.h"
 
 namespace talmo::test {
 namespace {

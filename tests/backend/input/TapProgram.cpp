@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "platform/linux/LinuxEventTap.h"
+#include "platform/linux/input/LinuxEventTap.h"
 #include "platform/Platform.h"
 #include "tests/support/TestPlatform.h"
 

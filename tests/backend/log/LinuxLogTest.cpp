@@ -14,7 +14,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/linux/FileDescriptor.h"
-#include "platform/linux/LinuxLog.h"
+#include "platform/linux/log/LinuxLog.h"
 
 namespace talmo {
 namespace {

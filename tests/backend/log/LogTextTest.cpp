@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/LogText.h"
+#include "platform/linux/log/LogText.h"
 
 namespace talmo {
 namespace {

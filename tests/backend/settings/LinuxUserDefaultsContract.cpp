@@ -1,6 +1,6 @@
 #include <memory>
 
-#include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/settings/LinuxUserDefaults.h"
 #include "tests/backend/settings/SettingsFolder.h"
 #include "tests/contract/UserDefaultsContract.h"
 #include "tests/support/TestPlatform.h"

@@ -12,7 +12,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-#include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/settings/LinuxUserDefaults.h"
 #include "tests/backend/settings/SettingsFolder.h"
 #include "tests/support/TestPlatform.h"
 #include "tests/support/TestProcess.h"

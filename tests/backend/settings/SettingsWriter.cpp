@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/settings/LinuxUserDefaults.h"
 #include "tests/support/TestPlatform.h"
 
 /// Stores ever longer and shorter values in the settings file that it is given, until it is killed.

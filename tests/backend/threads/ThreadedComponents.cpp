@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/linux/LinuxDispatch.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"

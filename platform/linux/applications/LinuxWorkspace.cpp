@@ -1,0 +1,153 @@
+#include "platform/linux/applications/LinuxWorkspace.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string_view>
+
+#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/applications/DesktopLauncher.h"
+#include "platform/linux/applications/LinuxApplications.h"
+#include "platform/linux/applications/LinuxWindows.h"
+#include "platform/linux/applications/MprisNames.h"
+#include "platform/linux/applications/ProcessTable.h"
+#include "platform/linux/applications/RecentlyUsed.h"
+#include "support/Logger.h"
+
+namespace talmo {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr Logger log("workspace");
+
+std::vector<ProcessIdentifier> onTheBus(const LinuxApplication& application) {
+  if (application.playerNames.empty()) return {};
+  const Uptime deadline = std::chrono::steady_clock::now() + 1s;
+  const std::optional<std::vector<std::string>> names = mprisNames(application, deadline);
+  if (!names || names->empty()) return {};
+  return mprisProcesses(*names, deadline);
+}
+
+bool belongsTo(const LinuxWindow& window, const LinuxApplication& application) {
+  return std::ranges::any_of(window.classes, [&](const std::string& windowClass) {
+    return LinuxApplications::withWindowClass(windowClass) == &application;
+  });
+}
+
+std::vector<ProcessIdentifier> withWindows(const LinuxApplication& application) {
+  std::vector<ProcessIdentifier> processes;
+  for (const LinuxWindow& window : LinuxWindows::all()) {
+    // A sandbox numbers its processes anew, so the number may be somebody else's, or nobody's.
+    if (belongsTo(window, application) && ProcessTable::isOurs(window.process) &&
+        std::ranges::find(processes, window.process) == processes.end()) {
+      processes.push_back(window.process);
+    }
+  }
+  return processes;
+}
+
+std::vector<ProcessIdentifier> processesOf(const LinuxApplication& application) {
+  std::vector<ProcessIdentifier> processes = onTheBus(application);
+  if (processes.empty()) processes = withWindows(application);
+  if (processes.empty()) processes = ProcessTable::running(application.executables);
+  ProcessTable::sortByAge(processes);
+  return processes;
+}
+
+std::string nameOf(const LinuxApplication& application) {
+  const std::optional<DesktopEntry> entry = DesktopEntry::firstOf(application.desktopIDs);
+  return entry ? entry->name() : std::string(application.displayName);
+}
+
+const LinuxApplication* applicationOf(const LinuxWindow& window) {
+  for (const std::string& windowClass : window.classes) {
+    if (const auto* application = LinuxApplications::withWindowClass(windowClass)) {
+      return application;
+    }
+  }
+  return LinuxApplications::withExecutable(ProcessTable::executable(window.process));
+}
+
+/// The entry of an application that is not in the table. By custom its id, or else what it says
+/// itself, is the class of its windows.
+std::optional<DesktopEntry> entryOf(const LinuxWindow& window) {
+  for (const std::string& windowClass : window.classes) {
+    if (std::optional<DesktopEntry> entry = DesktopEntry::withID(windowClass)) return entry;
+  }
+  for (const std::string& windowClass : window.classes) {
+    if (std::optional<DesktopEntry> entry = DesktopEntry::withWindowClass(windowClass)) {
+      return entry;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
+  const LinuxApplication* application = LinuxApplications::withBundleID(bundleID);
+  if (application == nullptr) return std::nullopt;
+  const std::optional<DesktopEntry> entry = DesktopEntry::firstOf(application->desktopIDs);
+  if (!entry) return std::nullopt;
+  return entry->url();
+}
+
+std::vector<RunningApplication> LinuxWorkspace::runningApplications(
+    const std::string& bundleID) const {
+  const LinuxApplication* application = LinuxApplications::withBundleID(bundleID);
+  if (application == nullptr) return {};
+  const std::vector<ProcessIdentifier> processes = processesOf(*application);
+  if (processes.empty()) return {};
+  const std::string name = nameOf(*application);
+  std::vector<RunningApplication> running;
+  running.reserve(processes.size());
+  for (const ProcessIdentifier process : processes) {
+    running.push_back({.bundleID = bundleID, .localizedName = name, .processIdentifier = process});
+  }
+  return running;
+}
+
+std::optional<std::string> LinuxWorkspace::frontmostApplication() const {
+  const std::optional<LinuxWindow> window = LinuxWindows::active();
+  if (!window) return std::nullopt;
+  if (const LinuxApplication* application = applicationOf(*window)) {
+    return std::string(application->bundleID);
+  }
+  const std::optional<DesktopEntry> entry = entryOf(*window);
+  if (!entry) return std::nullopt;
+  return entry->id();
+}
+
+void LinuxWorkspace::openApplication(const std::string& url) {
+  dispatch_.globalQueue(QualityOfService::userInitiated).async([url] {
+    const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
+    if (!entry) {
+      log.notice("no application at %{public}s", url);
+    } else if (const std::optional<std::string> error = launchDesktopEntry(*entry, {})) {
+      log.notice("opening %{public}s failed: %{public}s", url, *error);
+    }
+  });
+}
+
+void LinuxWorkspace::openURL(const std::string& url) {
+  dispatch_.globalQueue(QualityOfService::userInitiated).async([url] {
+    const std::optional<DesktopEntry> entry = DesktopEntry::defaultForURL(url);
+    if (!entry) {
+      log.info("no application opens %{public}s", url);
+    } else if (const std::optional<std::string> error = launchDesktopEntry(*entry, {url})) {
+      log.notice("opening %{public}s failed: %{public}s", url, *error);
+    }
+  });
+}
+
+std::optional<Date> LinuxWorkspace::lastUsedDate(const std::string& url) const {
+  const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
+  if (!entry) return std::nullopt;
+  return lastUse(*entry);
+}
+
+std::vector<LocalPlayer> LinuxWorkspace::localPlayers() const {
+  return LinuxApplications::localPlayers();
+}
+
+}  // namespace talmo

@@ -1,0 +1,187 @@
+#include "platform/linux/input/LinuxEventTapPort.h"
+
+#include <chrono>
+#include <utility>
+
+#include "platform/linux/input/XkbProtocol.h"
+#include "platform/linux/input/XKeymap.h"
+#include "platform/linux/x11/XReply.h"
+#include "platform/TapEvent.h"
+#include "support/Logger.h"
+
+namespace talmo {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr Logger log("event-tap");
+
+// Quartz's, AppKit's and IOKit's numbers (NSEvent.h, ev_keymap.h).
+constexpr std::uint32_t systemDefinedType = 14;
+constexpr std::int16_t auxControlButtons = 8;
+constexpr std::int64_t keyStateDown = 0x0A;
+constexpr std::int64_t keyStateUp = 0x0B;
+
+/// A change of the keyboard's map comes as a burst of notices; it is over when none came for so
+/// long.
+constexpr Duration burstEnd = 50ms;
+
+class MediaKeyEvent : public TapEvent {
+ public:
+  explicit MediaKeyEvent(std::int64_t data1) : data1_(data1) {}
+
+  std::uint32_t type() const override { return systemDefinedType; }
+  std::optional<SystemDefinedEvent> systemDefined() const override {
+    return SystemDefinedEvent{.subtype = auxControlButtons, .data1 = data1_};
+  }
+
+ private:
+  const std::int64_t data1_;
+};
+
+/// Has a key that stays down arrive as repeated presses and one release. False without XKB.
+bool turnOnDetectableRepeat(const XConnection& connection) {
+  xcb_connection_t* const server = connection.get();
+  const XReply<xcb_xkb_use_extension_reply_t> extension(xcb_xkb_use_extension_reply(
+      server, xcb_xkb_use_extension(server, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
+      nullptr));
+  if (!extension || extension->supported == 0) return false;
+  constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+  const XReply<xcb_xkb_per_client_flags_reply_t> flags(xcb_xkb_per_client_flags_reply(
+      server, xcb_xkb_per_client_flags(server, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0),
+      nullptr));
+  return flags && (flags->value & flag) != 0;
+}
+
+}  // namespace
+
+LinuxEventTapPort::Grip::Grip(std::unique_ptr<XConnection> first,
+                              std::unique_ptr<XConnection> second)
+    : grabber(std::move(first)),
+      other(std::move(second)),
+      grabs(*grabber),
+      keyboard(*grabber, *other) {}
+
+std::shared_ptr<LinuxEventTapPort> LinuxEventTapPort::open(const EventTapParameters& parameters,
+                                                           std::function<void()> onDisplayLost) {
+  std::unique_ptr<XConnection> grabber = XConnection::open();
+  std::unique_ptr<XConnection> other = XConnection::open();
+  if (!grabber || !other) {
+    log.error("there is no X display to capture media keys on");
+    return nullptr;
+  }
+  if (!turnOnDetectableRepeat(*grabber) || !turnOnDetectableRepeat(*other)) {
+    log.error("the X server tells no repeated key press from a new one");
+    return nullptr;
+  }
+  std::shared_ptr<LinuxEventTapPort> port(
+      new LinuxEventTapPort(parameters, std::move(onDisplayLost)));
+  port->grip_ = std::make_unique<Grip>(std::move(grabber), std::move(other));
+  port->descriptors_ = {xcb_get_file_descriptor(port->grip_->grabber->get()),
+                        xcb_get_file_descriptor(port->grip_->other->get())};
+  XKeymap::watch(*port->grip_->grabber);
+  if (!port->grip_->grabs.update()) return nullptr;
+  return port;
+}
+
+LinuxEventTapPort::~LinuxEventTapPort() {
+  invalidate();
+}
+
+void LinuxEventTapPort::invalidate() {
+  if (!grip_) return;
+  xcb_ungrab_key(grip_->grabber->get(), XCB_GRAB_ANY, grip_->grabber->root(), XCB_MOD_MASK_ANY);
+  grip_->keyboard.letGo();
+  grip_.reset();
+  regrabAt_.reset();
+  forgetAllKeys();
+}
+
+std::span<const int> LinuxEventTapPort::descriptors() const {
+  if (!grip_) return {};
+  return descriptors_;
+}
+
+void LinuxEventTapPort::serve() {
+  // An answer that is waited for on one connection can bring in events of both.
+  while (grip_) {
+    if (serve(*grip_->grabber) || (grip_ && serve(*grip_->other))) continue;
+    if (!grip_ || !regrabAt_ || std::chrono::steady_clock::now() < *regrabAt_) break;
+    regrabAt_.reset();
+    grip_->grabs.update();
+  }
+  if (grip_ && (grip_->grabber->isDead() || grip_->other->isDead())) loseDisplay();
+}
+
+/// Works off one event; returns whether there was one.
+bool LinuxEventTapPort::serve(const XConnection& connection) {
+  const XReply<xcb_generic_event_t> event(xcb_poll_for_event(connection.get()));
+  if (!event) return false;
+  const auto type = static_cast<std::uint8_t>(event->response_type & 0x7F);
+  if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
+    // A release has the form of a press.
+    decide(reinterpret_cast<const xcb_key_press_event_t&>(*event), type == XCB_KEY_PRESS);
+  } else if (XKeymap::isChange(connection, *event)) {
+    regrabAt_ = std::chrono::steady_clock::now() + burstEnd;
+  }
+  return true;
+}
+
+void LinuxEventTapPort::decide(const xcb_key_press_event_t& event, bool isPress) {
+  const bool isRepeat = isPress && down_[event.detail] != 0;
+  std::uint8_t code = down_[event.detail];
+  if (code == 0 && isPress) code = grip_->grabs.code(event.detail, event.state);
+  if (!isEnabled_) {
+    forgetAllKeys();
+    grip_->keyboard.pass(false);
+    return;
+  }
+  TapVerdict verdict = TapVerdict::pass;
+  if (code != 0) {
+    verdict = ask(code, isPress, isRepeat);
+    if (isPress && !isRepeat) ++downCount_;
+    if (!isPress) --downCount_;
+    down_[event.detail] = isPress ? code : std::uint8_t{0};
+  }
+  const bool hold = downCount_ > 0;
+  if (verdict == TapVerdict::consume) {
+    if (!grip_->keyboard.swallow(hold)) forgetAllKeys();
+  } else if (!grip_->keyboard.pass(hold)) {
+    forgetAllKeys();
+  } else {
+    forgetKeysThatAreUp();
+  }
+}
+
+TapVerdict LinuxEventTapPort::ask(std::uint8_t code, bool isPress, bool isRepeat) const {
+  if (((parameters_.eventsOfInterest >> systemDefinedType) & 1) == 0) return TapVerdict::pass;
+  const std::int64_t state = isPress ? keyStateDown : keyStateUp;
+  MediaKeyEvent event((std::int64_t{code} << 16) | (state << 8) | (isRepeat ? 1 : 0));
+  return parameters_.callback(event, parameters_.context);
+}
+
+/// The keyboard is never held for a key whose release went by.
+void LinuxEventTapPort::forgetKeysThatAreUp() {
+  for (unsigned keycode = 0; keycode < down_.size(); ++keycode) {
+    if (down_[keycode] == 0 || grip_->keyboard.wasDown(static_cast<xcb_keycode_t>(keycode))) {
+      continue;
+    }
+    down_[keycode] = 0;
+    if (--downCount_ == 0) grip_->keyboard.letGo();
+  }
+}
+
+void LinuxEventTapPort::forgetAllKeys() {
+  down_.fill(0);
+  downCount_ = 0;
+}
+
+void LinuxEventTapPort::loseDisplay() {
+  log.error("the X server has gone; media keys are no longer captured");
+  grip_.reset();
+  regrabAt_.reset();
+  forgetAllKeys();
+  if (onDisplayLost_) onDisplayLost_();
+}
+
+}  // namespace talmo

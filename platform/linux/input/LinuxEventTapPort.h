@@ -1,0 +1,77 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "platform/EventTapParameters.h"
+#include "platform/EventTapPort.h"
+#include "platform/linux/input/KeyboardRelay.h"
+#include "platform/linux/input/LinuxRunLoopSource.h"
+#include "platform/linux/input/MediaKeyGrabs.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace talmo {
+
+/// The media keys of one display, taken out of its keyboard's events, and the run-loop source that
+/// serves them. All but `enable` belong to the thread of that run loop.
+class LinuxEventTapPort : public EventTapPort, public LinuxRunLoopSource {
+ public:
+  /// Grabs the media keys of $DISPLAY; nothing when there is no display or a key cannot be had,
+  /// after a log line that says so. `onDisplayLost` is called once, on the tap's thread, if the X
+  /// server goes away while the tap is installed.
+  static std::shared_ptr<LinuxEventTapPort> open(const EventTapParameters& parameters,
+                                                 std::function<void()> onDisplayLost);
+
+  ~LinuxEventTapPort() override;
+  LinuxEventTapPort(const LinuxEventTapPort&) = delete;
+  LinuxEventTapPort& operator=(const LinuxEventTapPort&) = delete;
+
+  void enable(bool on) override { isEnabled_ = on; }
+
+  /// Returns when the server has freed the keys.
+  void invalidate() override;
+
+  std::span<const int> descriptors() const override;
+  std::optional<Uptime> deadline() const override { return regrabAt_; }
+  void serve() override;
+
+ private:
+  /// The two connections and what lives on them.
+  struct Grip {
+    Grip(std::unique_ptr<XConnection> first, std::unique_ptr<XConnection> second);
+
+    std::unique_ptr<XConnection> grabber;
+    std::unique_ptr<XConnection> other;
+    MediaKeyGrabs grabs;
+    KeyboardRelay keyboard;
+  };
+
+  LinuxEventTapPort(const EventTapParameters& parameters, std::function<void()> onDisplayLost)
+      : parameters_(parameters), onDisplayLost_(std::move(onDisplayLost)) {}
+
+  bool serve(const XConnection& connection);
+  void decide(const xcb_key_press_event_t& event, bool isPress);
+  TapVerdict ask(std::uint8_t code, bool isPress, bool isRepeat) const;
+  void forgetKeysThatAreUp();
+  void forgetAllKeys();
+  void loseDisplay();
+
+  const EventTapParameters parameters_;
+  const std::function<void()> onDisplayLost_;
+  std::atomic<bool> isEnabled_ = true;
+  // Nothing once the tap has been removed or the server has gone.
+  std::unique_ptr<Grip> grip_;
+  std::array<int, 2> descriptors_{};
+  std::optional<Uptime> regrabAt_;
+  // The key types of the media keys that are down, by keycode, and how many there are: their events
+  // are ours until they are let go, whatever the modifiers do.
+  std::array<std::uint8_t, 256> down_{};
+  int downCount_ = 0;
+};
+
+}  // namespace talmo
