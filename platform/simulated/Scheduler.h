@@ -35,7 +35,7 @@ class Scheduler {
     bool isConcurrent = false;
     bool isMain = false;
     bool isBusy = false;
-    std::deque<std::function<void()>> items = {};
+    std::deque<std::function<void()>> items;
   };
 
   /// What a context waits for: the count to be above zero.
@@ -157,7 +157,7 @@ class Scheduler {
   // While the main thread stands in `run`: when it may return, and what it is to run until then.
   bool mainIsRunning_ = false;
   std::function<bool()> condition_;
-  Uptime limit_{};
+  Uptime limit_;
   std::optional<Choice> forMain_;
 
   bool isShutDown_ = false;

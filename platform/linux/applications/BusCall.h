@@ -12,7 +12,7 @@ struct BusCall {
   std::string path;
   std::string interface;
   std::string member;
-  std::vector<std::string> arguments = {};
+  std::vector<std::string> arguments;
 };
 
 }  // namespace talmo

@@ -14,17 +14,17 @@ struct LinuxApplication {
   /// The name to show where no desktop entry gives one.
   std::string_view displayName;
   /// Set for a player that exists on Linux only: its id as a target.
-  std::string_view localPlayerID = {};
+  std::string_view localPlayerID;
   /// The desktop entries of its packages, without ".desktop".
   std::vector<std::string_view> desktopIDs;
   /// What follows "org.mpris.MediaPlayer2." in the bus names of the instances; a further
   /// ".instance..." belongs to it too.
-  std::vector<std::string_view> playerNames = {};
+  std::vector<std::string_view> playerNames;
   /// File names of the programs that its processes run.
   std::vector<std::string_view> executables;
   /// Both halves of WM_CLASS, in lower case.
   std::vector<std::string_view> windowClasses;
-  std::vector<StrokeException> strokeExceptions = {};
+  std::vector<StrokeException> strokeExceptions;
 };
 
 }  // namespace talmo

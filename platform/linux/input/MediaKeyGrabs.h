@@ -42,7 +42,7 @@ class MediaKeyGrabs {
   std::unique_ptr<XKeymap> keymap_;
   Keys grabbed_;
   // The same as `grabbed_`, for looking up.
-  std::bitset<256 * 256> isGrabbed_;
+  std::bitset<std::size_t{256} * 256> isGrabbed_;
 };
 
 }  // namespace talmo
