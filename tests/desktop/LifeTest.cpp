@@ -61,7 +61,7 @@ TEST_F(Life, EndsInOrderAtATerminationSignalAndFreesTheKeys) {
   EXPECT_TRUE(waitUntilFree("XF86AudioNext"));
   keys_.tap("XF86AudioNext");
   EXPECT_EQ(windowAfterTyping(), "+XF86AudioNext -XF86AudioNext +z -z");
-  EXPECT_THAT(player.commands(), ElementsAre("Next"));
+  EXPECT_THAT(player.received(), ElementsAre("Next"));
 }
 
 TEST_F(Life, EndsInOrderAtAnInterruption) {
@@ -129,7 +129,7 @@ TEST_F(Life, StaysAliveWithoutAKeyThatSomebodyElseHolds) {
   // The keys that nobody holds reach the window in front.
   keys_.tap("XF86AudioPlay");
   EXPECT_EQ(windowAfterTyping(), "+XF86AudioPlay -XF86AudioPlay +z -z");
-  EXPECT_THAT(player.commands(), ElementsAre());
+  EXPECT_THAT(player.received(), ElementsAre());
   EXPECT_TRUE(talmo_->process().isRunning()) << talmo_->log();
 }
 

@@ -90,7 +90,7 @@ TEST_F(Players, ThatFallSilentGetTheNextKeyWhenTheyAreBack) {
   EXPECT_TRUE(talmo_->waitForLines("Sent command to Audacious")) << talmo_->log();
   // What waited for the player it takes as well.
   EXPECT_TRUE(player.waitForCommands(2));
-  EXPECT_THAT(player.commands(), ElementsAre("PlayPause", "Next"));
+  EXPECT_THAT(player.received(), ElementsAre("PlayPause", "Next"));
 }
 
 TEST_F(Players, ThatRefuseACommandAreReportedAndGetTheNextOne) {
@@ -100,7 +100,7 @@ TEST_F(Players, ThatRefuseACommandAreReportedAndGetTheNextOne) {
   EXPECT_TRUE(talmo_->waitForLines(failure)) << talmo_->log();
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(talmo_->waitForLines(failure, 2)) << talmo_->log();
-  EXPECT_THAT(player.commands(), ElementsAre("PlayPause", "Next"));
+  EXPECT_THAT(player.received(), ElementsAre("PlayPause", "Next"));
 }
 
 TEST_F(Players, OfOthersAreLeftAlone) {
@@ -110,7 +110,7 @@ TEST_F(Players, OfOthersAreLeftAlone) {
   keys_.tap("XF86AudioPlay");
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(pinned.waitForCommands(2)) << talmo_->log();
-  EXPECT_THAT(other.commands(), ElementsAre());
+  EXPECT_THAT(other.received(), ElementsAre());
 }
 
 TEST_F(Players, ThatTakeKeyStrokesReactUnfocusedAndMinimised) {

@@ -27,7 +27,7 @@ TEST_F(RoutedKeys, ReachThePlayerAndNotTheWindowInFront) {
   keys_.tap("XF86AudioNext");
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(player_.waitForCommands(3)) << talmo_->log();
-  EXPECT_THAT(player_.commands(), ElementsAre("PlayPause", "Next", "Previous"));
+  EXPECT_THAT(player_.received(), ElementsAre("PlayPause", "Next", "Previous"));
   EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
@@ -35,7 +35,7 @@ TEST_F(RoutedKeys, SkipWithFastForwardAndRewind) {
   keys_.tap("XF86AudioForward");
   keys_.tap("XF86AudioRewind");
   EXPECT_TRUE(player_.waitForCommands(2)) << talmo_->log();
-  EXPECT_THAT(player_.commands(), ElementsAre("Next", "Previous"));
+  EXPECT_THAT(player_.received(), ElementsAre("Next", "Previous"));
   EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
@@ -44,7 +44,7 @@ TEST_F(RoutedKeys, WorkFromEveryKeyThatPlaysOrPauses) {
   for (const std::uint8_t key : playKeys) keys_.tap(key);
   keys_.tap("XF86AudioPause");
   EXPECT_TRUE(player_.waitForCommands(4)) << talmo_->log();
-  EXPECT_THAT(player_.commands(), ElementsAre("PlayPause", "PlayPause", "PlayPause", "PlayPause"));
+  EXPECT_THAT(player_.received(), ElementsAre("PlayPause", "PlayPause", "PlayPause", "PlayPause"));
   EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
@@ -54,7 +54,7 @@ TEST_F(RoutedKeys, SendNothingWhenTheyAreLetGo) {
   keys_.release("XF86AudioNext");
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(player_.waitForCommands(2)) << talmo_->log();
-  EXPECT_THAT(player_.commands(), ElementsAre("Next", "Previous"));
+  EXPECT_THAT(player_.received(), ElementsAre("Next", "Previous"));
   EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
@@ -63,11 +63,11 @@ TEST_F(RoutedKeys, HeldForTwoSecondsSkipOneTrack) {
   keys_.press("XF86AudioNext");
   EXPECT_TRUE(player_.waitForCommands(1)) << talmo_->log();
   // That a held key repeats on this desktop shows UnroutedKeys.RepeatInTheWindowInFront.
-  EXPECT_FALSE(waitUntil([this] { return player_.commands().size() > 1; }, 2s));
+  EXPECT_FALSE(waitUntil([this] { return player_.received().size() > 1; }, 2s));
   keys_.release("XF86AudioNext");
   keys_.tap("XF86AudioPrev");
   EXPECT_TRUE(player_.waitForCommands(2)) << talmo_->log();
-  EXPECT_THAT(player_.commands(), ElementsAre("Next", "Previous"));
+  EXPECT_THAT(player_.received(), ElementsAre("Next", "Previous"));
   EXPECT_EQ(talmo_->lines("media key:").size(), 2U) << talmo_->log();
   EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
@@ -82,7 +82,7 @@ TEST_F(RoutedKeys, WorkWithCapsLockAndNumLock) {
     EXPECT_TRUE(player_.waitForCommands(presses)) << lock << '\n' << talmo_->log();
     EXPECT_THAT(windowAfterTyping(), ::testing::AnyOf("+z -z", "+Z -Z")) << lock;
   }
-  EXPECT_EQ(player_.commands().size(), presses);
+  EXPECT_EQ(player_.received().size(), presses);
 }
 
 TEST_F(RoutedKeys, LetEverythingThroughThatIsTypedWhileOneIsHeld) {
@@ -104,11 +104,11 @@ TEST_F(RoutedKeys, LetEverythingThroughThatIsTypedWhileOneIsHeld) {
   };
   type("thequickbrownfox");
   // A repeat passes by: the hold outlasts the delay before the first.
-  EXPECT_FALSE(waitUntil([this] { return player_.commands().size() > 1; }, 500ms));
+  EXPECT_FALSE(waitUntil([this] { return player_.received().size() > 1; }, 500ms));
   type("jumpsoverthelazydog");
   keys_.release("XF86AudioNext");
   type("again");
-  EXPECT_THAT(player_.commands(), ElementsAre("Next"));
+  EXPECT_THAT(player_.received(), ElementsAre("Next"));
 }
 
 TEST_F(RoutedKeys, LetModifiersThroughThatArePressedWhileOneIsHeld) {
@@ -135,7 +135,7 @@ TEST_F(UnroutedKeys, ReachTheWindowInFront) {
   keys_.tap("XF86AudioNext");
   EXPECT_EQ(windowAfterTyping(),
             "+XF86AudioPlay -XF86AudioPlay +XF86AudioNext -XF86AudioNext +z -z");
-  EXPECT_THAT(player_.commands(), ElementsAre());
+  EXPECT_THAT(player_.received(), ElementsAre());
   EXPECT_TRUE(talmo_->lines("media key:").empty()) << talmo_->log();
 }
 
@@ -151,7 +151,7 @@ TEST_F(UnroutedKeys, RepeatInTheWindowInFront) {
   EXPECT_TRUE(waitUntil([this] { return window_.keys().size() >= 5; })) << window_.transcript();
   keys_.release("XF86AudioNext");
   EXPECT_THAT(windowAfterTyping(), ::testing::EndsWith("+XF86AudioNext -XF86AudioNext +z -z"));
-  EXPECT_THAT(player_.commands(), ElementsAre());
+  EXPECT_THAT(player_.received(), ElementsAre());
 }
 
 TEST_F(UnroutedKeys, LetEverythingThroughThatIsTypedWhileOneIsHeld) {

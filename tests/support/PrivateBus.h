@@ -1,10 +1,10 @@
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestProcess.h"
 
 namespace talmo::test {
@@ -15,7 +15,6 @@ class PrivateBus {
   /// Starts the bus and waits until it listens. Throws when it does not come up. The services that
   /// it activates get the test's environment with `environment` added.
   explicit PrivateBus(std::map<std::string, std::string> environment = {});
-  ~PrivateBus();
 
   /// The value for DBUS_SESSION_BUS_ADDRESS.
   const std::string& address() const { return address_; }
@@ -23,7 +22,7 @@ class PrivateBus {
   TestProcess& daemon() { return *daemon_; }
 
  private:
-  std::filesystem::path folder_;
+  TemporaryFolder folder_;
   std::string address_;
   std::unique_ptr<TestProcess> daemon_;
 };

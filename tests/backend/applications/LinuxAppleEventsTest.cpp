@@ -9,9 +9,9 @@
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/SessionBus.h"
 #include "tests/backend/applications/BusNames.h"
-#include "tests/backend/applications/PlayerProcess.h"
 #include "tests/backend/applications/PlayersTest.h"
 #include "tests/support/FakePlayer.h"
+#include "tests/support/FakePlayerProcess.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -52,7 +52,7 @@ class LinuxAppleEventsTest : public PlayersTest {
 };
 
 TEST_F(LinuxAppleEventsTest, APlayerInAProcessOfItsOwnTakesTheCommands) {
-  const PlayerProcess player("rhythmbox");
+  const FakePlayerProcess player("rhythmbox");
   EXPECT_EQ(send(rhythmbox, "playpause"), std::nullopt);
   EXPECT_EQ(send(rhythmbox, "nextTrack"), std::nullopt);
   EXPECT_EQ(send(rhythmbox, "previousTrack"), std::nullopt);
@@ -60,8 +60,8 @@ TEST_F(LinuxAppleEventsTest, APlayerInAProcessOfItsOwnTakesTheCommands) {
 }
 
 TEST_F(LinuxAppleEventsTest, AHungPlayerCostsItsCallerTwoSecondsAndNobodyElseAnything) {
-  const PlayerProcess hung("rhythmbox", {"--hang"});
-  const PlayerProcess good("mpv");
+  const FakePlayerProcess hung("rhythmbox", {"--hang"});
+  const FakePlayerProcess good("mpv");
   std::optional<std::string> hungError;
   Clock::duration hungTime{};
   std::thread caller([&] {
@@ -88,7 +88,7 @@ TEST_F(LinuxAppleEventsTest, AHungPlayerCostsItsCallerTwoSecondsAndNobodyElseAny
 }
 
 TEST_F(LinuxAppleEventsTest, APlayerThatIsStoppedTakesNoLongerThanTheTimeout) {
-  PlayerProcess player("rhythmbox");
+  FakePlayerProcess player("rhythmbox");
   ASSERT_EQ(send(rhythmbox), std::nullopt);
   stop(player.process());
   const Clock::time_point start = Clock::now();
@@ -101,14 +101,14 @@ TEST_F(LinuxAppleEventsTest, APlayerThatIsStoppedTakesNoLongerThanTheTimeout) {
 }
 
 TEST_F(LinuxAppleEventsTest, TheErrorOfAPlayerIsGivenInItsWords) {
-  const PlayerProcess player("rhythmbox", {"--error"});
+  const FakePlayerProcess player("rhythmbox", {"--error"});
   EXPECT_EQ(send(rhythmbox),
             std::string(FakePlayer::refusalName) + ": " + FakePlayer::refusalMessage);
 }
 
 TEST_F(LinuxAppleEventsTest, APlayerThatWasKilledGivesAnErrorAndItsSuccessorTakesTheNextCommand) {
   {
-    PlayerProcess player("rhythmbox");
+    FakePlayerProcess player("rhythmbox");
     ASSERT_EQ(send(rhythmbox), std::nullopt);
     player.process().signal(SIGKILL);
     ASSERT_TRUE(player.process().waitForExit(10s));
@@ -116,13 +116,13 @@ TEST_F(LinuxAppleEventsTest, APlayerThatWasKilledGivesAnErrorAndItsSuccessorTake
   }
   EXPECT_EQ(consent(rhythmbox), -600);
   EXPECT_NE(send(rhythmbox), std::nullopt);
-  const PlayerProcess successor("rhythmbox");
+  const FakePlayerProcess successor("rhythmbox");
   EXPECT_EQ(send(rhythmbox), std::nullopt);
   EXPECT_EQ(successor.received(), Commands{"PlayPause"});
 }
 
 TEST_F(LinuxAppleEventsTest, APlayerThatDiesWithTheCommandInItsHandsGivesAnErrorAtOnce) {
-  PlayerProcess player("rhythmbox", {"--hang"});
+  FakePlayerProcess player("rhythmbox", {"--hang"});
   std::optional<std::string> error;
   Clock::duration taken{};
   std::thread caller([&] {
@@ -138,20 +138,20 @@ TEST_F(LinuxAppleEventsTest, APlayerThatDiesWithTheCommandInItsHandsGivesAnError
 }
 
 TEST_F(LinuxAppleEventsTest, PropertiesOfTheWrongTypeAreSurvived) {
-  const PlayerProcess strange("mpv", {"--wrong-types"});
+  const FakePlayerProcess strange("mpv", {"--wrong-types"});
   EXPECT_EQ(send(mpv), std::nullopt);
   EXPECT_EQ(strange.received(), Commands{"PlayPause"});
   // With a second instance the first one's state is asked for.
-  const PlayerProcess paused("mpv.instance1", {"--status", "Paused"});
+  const FakePlayerProcess paused("mpv.instance1", {"--status", "Paused"});
   EXPECT_EQ(send(mpv), std::nullopt);
   EXPECT_EQ(strange.received(), Commands{"PlayPause"});
   EXPECT_EQ(paused.received(), Commands{"PlayPause"});
 }
 
 TEST_F(LinuxAppleEventsTest, OfSeveralInstancesTheOneThatPlaysIsMeant) {
-  const PlayerProcess paused("mpv", {"--status", "Paused"});
-  const PlayerProcess stopped("mpv.instance10", {"--status", "Stopped"});
-  const PlayerProcess playing("mpv.instance_2_20", {"--status", "Playing"});
+  const FakePlayerProcess paused("mpv", {"--status", "Paused"});
+  const FakePlayerProcess stopped("mpv.instance10", {"--status", "Stopped"});
+  const FakePlayerProcess playing("mpv.instance_2_20", {"--status", "Playing"});
   EXPECT_EQ(send(mpv, "nextTrack"), std::nullopt);
   EXPECT_EQ(playing.received(), Commands{"Next"});
   EXPECT_EQ(paused.received(), Commands{});
@@ -159,16 +159,16 @@ TEST_F(LinuxAppleEventsTest, OfSeveralInstancesTheOneThatPlaysIsMeant) {
 }
 
 TEST_F(LinuxAppleEventsTest, WithoutOneThatPlaysTheOneThatIsPausedIsMeant) {
-  const PlayerProcess stopped("mpv", {"--status", "Stopped"});
-  const PlayerProcess paused("mpv.instance10", {"--status", "Paused"});
+  const FakePlayerProcess stopped("mpv", {"--status", "Stopped"});
+  const FakePlayerProcess paused("mpv.instance10", {"--status", "Paused"});
   EXPECT_EQ(send(mpv), std::nullopt);
   EXPECT_EQ(paused.received(), Commands{"PlayPause"});
   EXPECT_EQ(stopped.received(), Commands{});
 }
 
 TEST_F(LinuxAppleEventsTest, WhatWasPausedIsWhatResumes) {
-  const PlayerProcess first("mpv", {"--status", "Paused"});
-  const PlayerProcess second("mpv.instance10", {"--status", "Playing"});
+  const FakePlayerProcess first("mpv", {"--status", "Paused"});
+  const FakePlayerProcess second("mpv.instance10", {"--status", "Playing"});
   EXPECT_EQ(send(mpv), std::nullopt);
   // Both are paused now.
   EXPECT_EQ(send(mpv), std::nullopt);
@@ -177,16 +177,16 @@ TEST_F(LinuxAppleEventsTest, WhatWasPausedIsWhatResumes) {
 }
 
 TEST_F(LinuxAppleEventsTest, AmongEqualInstancesTheFirstIsMeant) {
-  const PlayerProcess later("mpv.instance10", {"--status", "Stopped"});
-  const PlayerProcess first("mpv", {"--status", "Stopped"});
+  const FakePlayerProcess later("mpv.instance10", {"--status", "Stopped"});
+  const FakePlayerProcess first("mpv", {"--status", "Stopped"});
   EXPECT_EQ(send(mpv), std::nullopt);
   EXPECT_EQ(first.received(), Commands{"PlayPause"});
   EXPECT_EQ(later.received(), Commands{});
 }
 
 TEST_F(LinuxAppleEventsTest, AHungInstanceLeavesTimeForOneThatAnswers) {
-  const PlayerProcess hung("mpv", {"--hang"});
-  const PlayerProcess paused("mpv.instance10", {"--status", "Paused"});
+  const FakePlayerProcess hung("mpv", {"--hang"});
+  const FakePlayerProcess paused("mpv.instance10", {"--status", "Paused"});
   const Clock::time_point start = Clock::now();
   EXPECT_EQ(send(mpv), std::nullopt);
   EXPECT_LT(Clock::now() - start, 2s);
@@ -194,9 +194,9 @@ TEST_F(LinuxAppleEventsTest, AHungInstanceLeavesTimeForOneThatAnswers) {
 }
 
 TEST_F(LinuxAppleEventsTest, HungInstancesTogetherCostOneTimeout) {
-  const PlayerProcess first("mpv", {"--hang"});
-  const PlayerProcess second("mpv.instance10", {"--hang"});
-  const PlayerProcess third("mpv.instance11", {"--hang"});
+  const FakePlayerProcess first("mpv", {"--hang"});
+  const FakePlayerProcess second("mpv.instance10", {"--hang"});
+  const FakePlayerProcess third("mpv.instance11", {"--hang"});
   const Clock::time_point start = Clock::now();
   EXPECT_EQ(send(mpv), "no answer within 2000 ms");
   const Clock::duration taken = Clock::now() - start;
@@ -205,8 +205,8 @@ TEST_F(LinuxAppleEventsTest, HungInstancesTogetherCostOneTimeout) {
 }
 
 TEST_F(LinuxAppleEventsTest, ANameThatOnlyBeginsAlikeIsSomebodyElses) {
-  const PlayerProcess other("mpvpaper");
-  const PlayerProcess part("mpv.something");
+  const FakePlayerProcess other("mpvpaper");
+  const FakePlayerProcess part("mpv.something");
   EXPECT_EQ(consent(mpv), -600);
   EXPECT_NE(send(mpv), std::nullopt);
   EXPECT_EQ(other.received(), Commands{});
@@ -214,7 +214,7 @@ TEST_F(LinuxAppleEventsTest, ANameThatOnlyBeginsAlikeIsSomebodyElses) {
 }
 
 TEST_F(LinuxAppleEventsTest, AnInstanceAloneIsThePlayer) {
-  const PlayerProcess player("mpv.instance123");
+  const FakePlayerProcess player("mpv.instance123");
   EXPECT_EQ(consent(mpv), 0);
   EXPECT_EQ(send(mpv), std::nullopt);
   EXPECT_EQ(player.received(), Commands{"PlayPause"});
@@ -228,7 +228,7 @@ TEST_F(LinuxAppleEventsTest, ABrowserIsNoScriptablePlayer) {
 
 TEST_F(LinuxAppleEventsTest, ABusThatComesBackServesTheNextCommand) {
   {
-    const PlayerProcess player("rhythmbox");
+    const FakePlayerProcess player("rhythmbox");
     ASSERT_EQ(send(rhythmbox), std::nullopt);
   }
   bus().daemon().end();
@@ -238,23 +238,23 @@ TEST_F(LinuxAppleEventsTest, ABusThatComesBackServesTheNextCommand) {
   const TestProcess successor({.arguments = {"dbus-daemon", "--session", "--nofork", "--nopidfile",
                                              "--address=" + bus().address()}});
   ASSERT_TRUE(waitUntil([&] { return consent(rhythmbox) == -600; }));
-  const PlayerProcess player("rhythmbox");
+  const FakePlayerProcess player("rhythmbox");
   EXPECT_EQ(consent(rhythmbox), 0);
   EXPECT_EQ(send(rhythmbox), std::nullopt);
   EXPECT_EQ(player.received(), Commands{"PlayPause"});
 }
 
 TEST_F(LinuxAppleEventsTest, ABusThatChangedUnseenBetweenTwoCommandsLosesNeither) {
-  const auto before = std::make_unique<PlayerProcess>("rhythmbox");
+  const auto before = std::make_unique<FakePlayerProcess>("rhythmbox");
   ASSERT_EQ(send(rhythmbox), std::nullopt);
   startBus();
-  const PlayerProcess after("rhythmbox");
+  const FakePlayerProcess after("rhythmbox");
   EXPECT_EQ(send(rhythmbox, "nextTrack"), std::nullopt);
   EXPECT_EQ(after.received(), Commands{"Next"});
 }
 
 TEST_F(LinuxAppleEventsTest, ABusThatHangsCostsNoMoreThanTheTimeout) {
-  const PlayerProcess player("rhythmbox");
+  const FakePlayerProcess player("rhythmbox");
   ASSERT_EQ(send(rhythmbox), std::nullopt);
   stop(bus().daemon());
   Clock::time_point start = Clock::now();
@@ -287,7 +287,7 @@ TEST_F(LinuxAppleEventsTest, NoPlayerIsStartedThroughTheBus) {
   const std::filesystem::path services = PrivateData::dataHome() / "dbus-1" / "services";
   std::filesystem::create_directories(services);
   std::ofstream(services / (busName + ".service"))
-      << "[D-BUS Service]\nName=" << busName << "\nExec=" << PlayerProcess::program()
+      << "[D-BUS Service]\nName=" << busName << "\nExec=" << FakePlayerProcess::program()
       << " rhythmbox\n";
   // A bus that knows the service from its start.
   startBus();

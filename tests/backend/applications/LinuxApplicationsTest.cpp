@@ -5,8 +5,8 @@
 #include <unistd.h>
 
 #include "platform/linux/applications/LinuxApplications.h"
-#include "tests/backend/applications/PlayerProcess.h"
 #include "tests/backend/applications/PlayersTest.h"
+#include "tests/support/FakePlayerProcess.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -90,15 +90,15 @@ TEST_F(StrokeExceptionTest, VlcIsKnownByItsProgram) {
 }
 
 TEST_F(StrokeExceptionTest, VlcIsKnownByItsPlaceOnTheBus) {
-  const PlayerProcess first("vlc");
-  const PlayerProcess second("vlc.instance42");
+  const FakePlayerProcess first("vlc");
+  const FakePlayerProcess second("vlc.instance42");
   expectVlc(first.pid());
   expectVlc(second.pid());
 }
 
 TEST_F(StrokeExceptionTest, OthersTakeEveryKeyAsItIs) {
-  const PlayerProcess vlc("vlc");
-  const PlayerProcess other("spotify");
+  const FakePlayerProcess vlc("vlc");
+  const FakePlayerProcess other("spotify");
   EXPECT_EQ(keysym(49, 0, other.pid()), std::nullopt);
   EXPECT_EQ(keysym(124, command, other.pid()), std::nullopt);
   EXPECT_EQ(keysym(49, 0, ::getpid()), std::nullopt);

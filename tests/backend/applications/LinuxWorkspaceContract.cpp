@@ -7,10 +7,10 @@
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "tests/backend/applications/BusNames.h"
 #include "tests/backend/applications/FakeWindowManager.h"
-#include "tests/backend/applications/PlayerProcess.h"
 #include "tests/backend/applications/PlayersTest.h"
 #include "tests/backend/applications/RecentFile.h"
 #include "tests/contract/WorkspaceContract.h"
+#include "tests/support/FakePlayerProcess.h"
 #include "tests/support/PrivateDisplay.h"
 #include "tests/support/TestPlatform.h"
 
@@ -31,8 +31,9 @@ class LinuxWorkspaceWorld : public WorkspaceWorld {
 
   void install(const std::string& bundleID, const std::string& name) override {
     names_[bundleID] = name;
-    PrivateData::install(entryID(bundleID), "Name=" + name + "\nExec=" + PlayerProcess::program() +
-                                                " " + playerName(bundleID) + "\n");
+    PrivateData::install(entryID(bundleID), "Name=" + name +
+                                                "\nExec=" + FakePlayerProcess::program() + " " +
+                                                playerName(bundleID) + "\n");
   }
 
   void uninstall(const std::string& bundleID) override {
@@ -43,7 +44,7 @@ class LinuxWorkspaceWorld : public WorkspaceWorld {
     // The first instance has the plain name, as with real players.
     std::string name = playerName(bundleID);
     if (++launches_[bundleID] > 1) name += ".instance" + std::to_string(launches_[bundleID]);
-    Instance instance{name, std::make_unique<PlayerProcess>(name)};
+    Instance instance{name, std::make_unique<FakePlayerProcess>(name)};
     const ProcessIdentifier process = instance.process->pid();
     processes_[process] = std::move(instance);
     return process;
@@ -80,7 +81,7 @@ class LinuxWorkspaceWorld : public WorkspaceWorld {
  private:
   struct Instance {
     std::string name;
-    std::unique_ptr<PlayerProcess> process;
+    std::unique_ptr<FakePlayerProcess> process;
   };
 
   static std::string entryID(const std::string& bundleID) {

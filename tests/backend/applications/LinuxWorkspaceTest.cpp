@@ -8,8 +8,8 @@
 #include <unistd.h>
 
 #include "platform/linux/applications/ProcessTable.h"
-#include "tests/backend/applications/PlayerProcess.h"
 #include "tests/backend/applications/RecentFile.h"
+#include "tests/support/FakePlayerProcess.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -78,7 +78,7 @@ TEST_F(LinuxWorkspaceTest, TheFirstInstalledEntryOfAnApplicationIsItsURL) {
 
 TEST_F(LinuxWorkspaceTest, TheNameIsInThePersonsLanguage) {
   PrivateData::install("vlc", "Name=Player\nName[de]=Spieler\nExec=true\n");
-  const PlayerProcess player("vlc");
+  const FakePlayerProcess player("vlc");
   ASSERT_EQ(workspace().runningApplications(vlc).size(), 1U);
   EXPECT_EQ(workspace().runningApplications(vlc)[0].localizedName, "Player");
   ::setenv("LANGUAGE", "de", 1);
@@ -169,7 +169,7 @@ TEST_F(LinuxWorkspaceTest, TheBusComesBeforeWindowsAndTheseBeforePrograms) {
   EXPECT_EQ(processes(tidal), Processes{byProgram.pid()});
   windowManager().add("tidal-hifi", byWindow.pid());
   EXPECT_EQ(processes(tidal), Processes{byWindow.pid()});
-  const PlayerProcess byName("tidal-hifi");
+  const FakePlayerProcess byName("tidal-hifi");
   EXPECT_EQ(processes(tidal), Processes{byName.pid()});
 }
 

@@ -3,22 +3,8 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
-#include <stdlib.h>
-#include <system_error>
 
 namespace talmo::test {
-
-SettingsFolder::SettingsFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "talmo-settings-XXXXXX").string();
-  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for settings");
-  path_ = name;
-}
-
-SettingsFolder::~SettingsFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
 
 void SettingsFolder::write(const std::filesystem::path& file, const std::string& content) {
   std::ofstream(file, std::ios::binary) << content;
@@ -32,14 +18,14 @@ std::string SettingsFolder::read(const std::filesystem::path& file) {
 std::vector<std::filesystem::path> SettingsFolder::damaged() const {
   std::vector<std::filesystem::path> found;
   for (const std::string& name : names()) {
-    if (name.starts_with("settings.json.damaged-")) found.push_back(path_ / name);
+    if (name.starts_with("settings.json.damaged-")) found.push_back(path() / name);
   }
   return found;
 }
 
 std::vector<std::string> SettingsFolder::names() const {
   std::vector<std::string> found;
-  for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+  for (const auto& entry : std::filesystem::directory_iterator(path())) {
     found.push_back(entry.path().filename());
   }
   std::sort(found.begin(), found.end());

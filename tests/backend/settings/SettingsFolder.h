@@ -1,22 +1,18 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
+
+#include "tests/support/TemporaryFolder.h"
 
 namespace talmo::test {
 
 /// A folder of the test's own for a settings file. It is removed when the object goes.
 class SettingsFolder {
  public:
-  SettingsFolder();
-  ~SettingsFolder();
-  SettingsFolder(const SettingsFolder&) = delete;
-  SettingsFolder& operator=(const SettingsFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-  std::filesystem::path file() const { return path_ / "settings.json"; }
+  const std::filesystem::path& path() const { return folder_.path(); }
+  std::filesystem::path file() const { return path() / "settings.json"; }
 
   /// Makes the settings file, or another one.
   void write(const std::string& content) const { write(file(), content); }
@@ -33,7 +29,7 @@ class SettingsFolder {
   std::vector<std::string> names() const;
 
  private:
-  std::filesystem::path path_;
+  TemporaryFolder folder_;
 };
 
 }  // namespace talmo::test
