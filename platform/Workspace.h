@@ -27,6 +27,9 @@ class Workspace {
   virtual std::vector<RunningApplication> runningApplications(
       const std::string& bundleID) const = 0;
 
+  /// The application that the process is an instance of; nothing when it is none.
+  virtual std::optional<RunningApplication> runningApplication(ProcessIdentifier process) const = 0;
+
   /// The bundle identifier of the application in front, if it has one.
   virtual std::optional<std::string> frontmostApplication() const = 0;
 

@@ -52,6 +52,13 @@ std::vector<RunningApplication> SimulatedApplications::running(const std::string
   return found;
 }
 
+std::optional<RunningApplication> SimulatedApplications::withProcess(
+    ProcessIdentifier process) const {
+  const MutexLock lock(mutex_);
+  const auto found = std::ranges::find(running_, process, &RunningApplication::processIdentifier);
+  return found == running_.end() ? std::nullopt : std::optional(*found);
+}
+
 void SimulatedApplications::setManner(const std::string& bundleID, Manner manner) {
   const MutexLock lock(mutex_);
   manners_[bundleID] = manner;

@@ -38,6 +38,8 @@ class SimulatedApplications {
   /// Oldest first.
   std::vector<RunningApplication> running(const std::string& bundleID) const;
 
+  std::optional<RunningApplication> withProcess(ProcessIdentifier process) const;
+
   void setManner(const std::string& bundleID, Manner manner);
   Manner manner(const std::string& bundleID) const;
 

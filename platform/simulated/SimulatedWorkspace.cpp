@@ -32,6 +32,11 @@ std::vector<RunningApplication> SimulatedWorkspace::runningApplications(
   return applications_.running(bundleID);
 }
 
+std::optional<RunningApplication> SimulatedWorkspace::runningApplication(
+    ProcessIdentifier process) const {
+  return applications_.withProcess(process);
+}
+
 std::optional<std::string> SimulatedWorkspace::frontmostApplication() const {
   return applications_.frontmost();
 }

@@ -18,6 +18,7 @@ class SimulatedWorkspace : public Workspace {
 
   std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
   std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
+  std::optional<RunningApplication> runningApplication(ProcessIdentifier process) const override;
   std::optional<std::string> frontmostApplication() const override;
   void openApplication(const std::string& url) override;
   void openURL(const std::string& url) override;

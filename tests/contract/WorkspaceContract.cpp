@@ -56,6 +56,18 @@ TEST_P(WorkspaceContract, ARunningApplicationIsGivenWithItsName) {
   EXPECT_EQ(processes(plexamp), Processes{});
 }
 
+TEST_P(WorkspaceContract, AProcessIsTracedToItsApplication) {
+  world().install(deezer, "Deezer for Linux");
+  const ProcessIdentifier process = world().launch(deezer);
+  EXPECT_EQ(workspace().runningApplication(process),
+            (RunningApplication{.bundleID = deezer,
+                                .localizedName = "Deezer for Linux",
+                                .processIdentifier = process}));
+  EXPECT_EQ(workspace().runningApplication(0), std::nullopt);
+  world().quit(process);
+  EXPECT_EQ(workspace().runningApplication(process), std::nullopt);
+}
+
 TEST_P(WorkspaceContract, AnApplicationCanRunThatIsNotInstalled) {
   const ProcessIdentifier process = world().launch(deezer);
   const std::vector<RunningApplication> running = workspace().runningApplications(deezer);

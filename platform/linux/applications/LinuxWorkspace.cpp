@@ -20,9 +20,8 @@ using namespace std::chrono_literals;
 
 constexpr Logger log("workspace");
 
-std::vector<ProcessIdentifier> onTheBus(const LinuxApplication& application) {
+std::vector<ProcessIdentifier> onTheBus(const LinuxApplication& application, Uptime deadline) {
   if (application.playerNames.empty()) return {};
-  const Uptime deadline = std::chrono::steady_clock::now() + 1s;
   const std::optional<std::vector<std::string>> names = mprisNames(application, deadline);
   if (!names || names->empty()) return {};
   return mprisProcesses(*names, deadline);
@@ -47,7 +46,8 @@ std::vector<ProcessIdentifier> withWindows(const LinuxApplication& application) 
 }
 
 std::vector<ProcessIdentifier> processesOf(const LinuxApplication& application) {
-  std::vector<ProcessIdentifier> processes = onTheBus(application);
+  std::vector<ProcessIdentifier> processes =
+      onTheBus(application, std::chrono::steady_clock::now() + 1s);
   if (processes.empty()) processes = withWindows(application);
   if (processes.empty()) processes = ProcessTable::running(application.executables);
   ProcessTable::sortByAge(processes);
@@ -57,6 +57,20 @@ std::vector<ProcessIdentifier> processesOf(const LinuxApplication& application) 
 std::string nameOf(const LinuxApplication& application) {
   const std::optional<DesktopEntry> entry = DesktopEntry::firstOf(application.desktopIDs);
   return entry ? entry->name() : std::string(application.displayName);
+}
+
+/// By the program that the process runs, or by its name as a player on the bus.
+const LinuxApplication* applicationOf(ProcessIdentifier process) {
+  const std::string executable = ProcessTable::executable(process);
+  if (executable.empty()) return nullptr;
+  if (const auto* application = LinuxApplications::withExecutable(executable)) return application;
+  const Uptime deadline = std::chrono::steady_clock::now() + 1s;
+  const auto& all = LinuxApplications::all();
+  const auto found = std::ranges::find_if(all, [&](const LinuxApplication& application) {
+    const std::vector<ProcessIdentifier> owners = onTheBus(application, deadline);
+    return std::ranges::find(owners, process) != owners.end();
+  });
+  return found == all.end() ? nullptr : &*found;
 }
 
 const LinuxApplication* applicationOf(const LinuxWindow& window) {
@@ -105,6 +119,15 @@ std::vector<RunningApplication> LinuxWorkspace::runningApplications(
     running.push_back({.bundleID = bundleID, .localizedName = name, .processIdentifier = process});
   }
   return running;
+}
+
+std::optional<RunningApplication> LinuxWorkspace::runningApplication(
+    ProcessIdentifier process) const {
+  const LinuxApplication* application = applicationOf(process);
+  if (application == nullptr) return std::nullopt;
+  return RunningApplication{.bundleID = std::string(application->bundleID),
+                            .localizedName = nameOf(*application),
+                            .processIdentifier = process};
 }
 
 std::optional<std::string> LinuxWorkspace::frontmostApplication() const {

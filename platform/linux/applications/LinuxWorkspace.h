@@ -24,6 +24,9 @@ class LinuxWorkspace : public Workspace {
   /// processes of its windows, the processes that run its programs.
   std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
 
+  /// By the program that the process runs, or its name as a player on the session bus.
+  std::optional<RunningApplication> runningApplication(ProcessIdentifier process) const override;
+
   /// For an application that is not in the table, the id of its desktop entry.
   std::optional<std::string> frontmostApplication() const override;
 
