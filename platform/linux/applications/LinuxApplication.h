@@ -20,6 +20,9 @@ struct LinuxApplication {
   /// What follows "org.mpris.MediaPlayer2." in the bus names of the instances; a further
   /// ".instance..." belongs to it too.
   std::vector<std::string_view> playerNames;
+  /// The same for an application that is no player to be commanded, but shows the media session of
+  /// what plays in it: a browser.
+  std::vector<std::string_view> sessionNames;
   /// File names of the programs that its processes run.
   std::vector<std::string_view> executables;
   /// Both halves of WM_CLASS, in lower case.

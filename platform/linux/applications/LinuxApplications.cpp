@@ -108,6 +108,7 @@ std::vector<LinuxApplication> makeTable() {
        .displayName = "Google Chrome",
        .desktopIDs = {"google-chrome", "com.google.Chrome", "chromium", "chromium-browser",
                       "org.chromium.Chromium", "chromium_chromium"},
+       .sessionNames = {"chrome", "chromium"},
        .executables = {"chrome", "chromium"},
        .windowClasses = {"google-chrome", "chromium", "chromium-browser"}},
   };

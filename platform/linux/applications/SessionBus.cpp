@@ -1,7 +1,7 @@
 #include "platform/linux/applications/SessionBus.h"
 
 #include <algorithm>
-#include <chrono>
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <system_error>
@@ -65,24 +65,10 @@ int takeReply(sd_bus_message* message, void* data, sd_bus_error*) {
   return 1;
 }
 
-/// Waits for something to do on the connection; false when the deadline has passed.
-bool wait(sd_bus* bus, Uptime deadline) {
-  const auto left = deadline - std::chrono::steady_clock::now();
-  if (left <= Duration::zero()) return false;
-  const auto microseconds = std::chrono::ceil<std::chrono::microseconds>(left).count();
-  sd_bus_wait(bus, static_cast<std::uint64_t>(microseconds));
-  return true;
-}
-
 }  // namespace
 
 void BusReply::Unref::operator()(sd_bus_message* unwanted) const {
   sd_bus_message_unref(unwanted);
-}
-
-void SessionBus::Close::operator()(sd_bus* bus) const {
-  // Without flushing: what could not be sent so far is not wanted any more.
-  sd_bus_close_unref(bus);
 }
 
 SessionBus& SessionBus::ofThisThread() {
@@ -133,7 +119,7 @@ std::vector<BusReply> SessionBus::callAll(const std::vector<BusCall>& calls, Upt
       }
       break;
     }
-    if (!wait(bus_.get(), deadline)) break;
+    if (!waitForBusConnection(bus_.get(), deadline)) break;
   }
   for (std::size_t index = 0; index < calls.size(); ++index) {
     replies[index] = std::move(pending[index].reply);
@@ -150,28 +136,10 @@ std::optional<BusReply> SessionBus::connect(Uptime deadline) {
     } while (result > 0);
     if (result < 0 || sd_bus_is_open(bus_.get()) <= 0) bus_.reset();
   }
-  if (!bus_) {
-    sd_bus* bus = nullptr;
-    const int result = sd_bus_open_user(&bus);
-    if (result < 0) return withoutBus(result);
-    bus_.reset(bus);
-  }
-  while (sd_bus_is_ready(bus_.get()) == 0) {
-    const int result = sd_bus_process(bus_.get(), nullptr);
-    if (result > 0) continue;
-    if (result < 0) {
-      bus_.reset();
-      return withoutBus(result);
-    }
-    if (!wait(bus_.get(), deadline)) {
-      bus_.reset();
-      return timedOut("the session bus does not answer");
-    }
-  }
-  if (sd_bus_is_open(bus_.get()) <= 0) {
-    bus_.reset();
-    return withoutBus(-ENOTCONN);
-  }
+  if (bus_) return std::nullopt;
+  const int result = openBusConnection(bus_, deadline);
+  if (result == -ETIMEDOUT) return timedOut("the session bus does not answer");
+  if (result < 0) return withoutBus(result);
   return std::nullopt;
 }
 

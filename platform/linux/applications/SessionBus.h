@@ -1,22 +1,19 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/linux/applications/BusCall.h"
+#include "platform/linux/applications/BusConnection.h"
 #include "platform/linux/applications/BusReply.h"
 #include "support/Time.h"
 
-struct sd_bus;
-
 namespace talmo {
 
-/// The calling thread's connection to the session bus (DBUS_SESSION_BUS_ADDRESS, or the bus of the
-/// person's runtime folder). Every thread has its own, so that a callee that does not answer costs
-/// the caller its time-out and no other thread anything.
+/// The calling thread's connection to the session bus. Every thread has its own, so that a callee
+/// that does not answer costs the caller its time-out and no other thread anything.
 ///
 /// It is opened by the first call, opened anew by the next call after it was lost, and closed when
 /// the thread ends. No call starts a program, and none is ever sent twice.
@@ -39,14 +36,10 @@ class SessionBus {
                                 const std::function<bool(const BusReply&)>& suffices = {});
 
  private:
-  struct Close {
-    void operator()(sd_bus* bus) const;
-  };
-
   /// Sees to an open connection; otherwise says why there is none.
   std::optional<BusReply> connect(Uptime deadline);
 
-  std::unique_ptr<sd_bus, Close> bus_;
+  BusConnection bus_;
 };
 
 }  // namespace talmo
