@@ -6,6 +6,8 @@
 #include "platform/EventTap.h"
 #include "platform/KeyEvents.h"
 #include "platform/Log.h"
+#include "platform/MediaRemote.h"
+#include "platform/Notifications.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
@@ -26,6 +28,8 @@ class Platform {
   virtual EventTap& eventTap() = 0;
   virtual KeyEvents& keyEvents() = 0;
   virtual Log& log() = 0;
+  virtual MediaRemote& mediaRemote() = 0;
+  virtual Notifications& notifications() = 0;
   virtual UserDefaults& userDefaults() = 0;
   virtual Workspace& workspace() = 0;
 

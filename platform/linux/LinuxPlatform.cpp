@@ -7,7 +7,9 @@ namespace talmo {
 LinuxPlatform::LinuxPlatform()
     : userDefaults_(LinuxUserDefaults::standardFile()),
       keyEvents_(LinuxApplications::strokeException),
-      workspace_(dispatch_) {}
+      workspace_(dispatch_),
+      notifications_(dispatch_),
+      mediaRemote_(notifications_) {}
 
 LinuxPlatform::~LinuxPlatform() {
   dispatch_.shutdown();

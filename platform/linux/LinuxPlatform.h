@@ -6,8 +6,10 @@
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/log/LinuxLog.h"
+#include "platform/linux/mediasession/LinuxMediaRemote.h"
 #include "platform/linux/settings/LinuxUserDefaults.h"
 #include "platform/Platform.h"
+#include "support/MainQueueNotifications.h"
 
 namespace talmo {
 
@@ -24,6 +26,8 @@ class LinuxPlatform : public Platform {
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
   LinuxLog& log() override { return log_; }
+  LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
+  MainQueueNotifications& notifications() override { return notifications_; }
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
 
@@ -35,6 +39,8 @@ class LinuxPlatform : public Platform {
   LinuxKeyEvents keyEvents_;
   LinuxAppleEvents appleEvents_;
   LinuxWorkspace workspace_;
+  MainQueueNotifications notifications_;
+  LinuxMediaRemote mediaRemote_;
 };
 
 }  // namespace talmo

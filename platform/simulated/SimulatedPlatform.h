@@ -10,8 +10,10 @@
 #include "platform/simulated/SimulatedEventTap.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
+#include "platform/simulated/SimulatedMediaRemote.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
+#include "support/MainQueueNotifications.h"
 
 namespace talmo {
 
@@ -44,6 +46,8 @@ class SimulatedPlatform : public Platform {
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
+  SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
+  MainQueueNotifications& notifications() override { return notifications_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
 
@@ -60,6 +64,8 @@ class SimulatedPlatform : public Platform {
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedWorkspace workspace_{applications_};
+  MainQueueNotifications notifications_{*dispatch_};
+  SimulatedMediaRemote mediaRemote_{notifications_};
 };
 
 }  // namespace talmo

@@ -18,6 +18,8 @@ class TestPlatform : public Platform {
     Dispatch* dispatch = nullptr;
     EventTap* eventTap = nullptr;
     KeyEvents* keyEvents = nullptr;
+    MediaRemote* mediaRemote = nullptr;
+    Notifications* notifications = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
   };
@@ -31,6 +33,8 @@ class TestPlatform : public Platform {
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
+  MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
+  Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
 
