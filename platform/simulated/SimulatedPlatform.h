@@ -8,6 +8,7 @@
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedEventTap.h"
+#include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
@@ -42,6 +43,7 @@ class SimulatedPlatform : public Platform {
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
   Dispatch& dispatch() override { return *dispatch_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
+  SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
@@ -58,6 +60,7 @@ class SimulatedPlatform : public Platform {
   SimulatedApplications applications_;
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
   SimulatedEventTap eventTap_{*dispatch_};
+  SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedWorkspace workspace_{applications_};
 };

@@ -17,6 +17,7 @@ class TestPlatform : public Platform {
     AppleEvents* appleEvents = nullptr;
     Dispatch* dispatch = nullptr;
     EventTap* eventTap = nullptr;
+    ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
@@ -29,6 +30,9 @@ class TestPlatform : public Platform {
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
+  ImageDecoder& imageDecoder() override {
+    return lent(services_.imageDecoder, "the image decoder");
+  }
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
