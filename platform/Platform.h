@@ -4,6 +4,7 @@
 #include "platform/ComponentStates.h"
 #include "platform/Dispatch.h"
 #include "platform/EventTap.h"
+#include "platform/ImageDecoder.h"
 #include "platform/KeyEvents.h"
 #include "platform/Log.h"
 #include "platform/MediaRemote.h"
@@ -26,6 +27,7 @@ class Platform {
   virtual AppleEvents& appleEvents() = 0;
   virtual Dispatch& dispatch() = 0;
   virtual EventTap& eventTap() = 0;
+  virtual ImageDecoder& imageDecoder() = 0;
   virtual KeyEvents& keyEvents() = 0;
   virtual Log& log() = 0;
   virtual MediaRemote& mediaRemote() = 0;

@@ -3,6 +3,7 @@
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
 #include "platform/linux/dispatch/LinuxDispatch.h"
+#include "platform/linux/images/LinuxImageDecoder.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/log/LinuxLog.h"
@@ -24,6 +25,7 @@ class LinuxPlatform : public Platform {
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
   LinuxEventTap& eventTap() override { return eventTap_; }
+  LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
   LinuxLog& log() override { return log_; }
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
@@ -36,6 +38,7 @@ class LinuxPlatform : public Platform {
   LinuxDispatch dispatch_;
   LinuxUserDefaults userDefaults_;
   LinuxEventTap eventTap_;
+  LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
   LinuxAppleEvents appleEvents_;
   LinuxWorkspace workspace_;

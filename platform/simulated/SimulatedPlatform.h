@@ -8,6 +8,7 @@
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedEventTap.h"
+#include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
@@ -44,6 +45,7 @@ class SimulatedPlatform : public Platform {
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
   Dispatch& dispatch() override { return *dispatch_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
+  SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
@@ -62,6 +64,7 @@ class SimulatedPlatform : public Platform {
   SimulatedApplications applications_;
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
   SimulatedEventTap eventTap_{*dispatch_};
+  SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedWorkspace workspace_{applications_};
   MainQueueNotifications notifications_{*dispatch_};

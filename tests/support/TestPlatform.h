@@ -17,6 +17,7 @@ class TestPlatform : public Platform {
     AppleEvents* appleEvents = nullptr;
     Dispatch* dispatch = nullptr;
     EventTap* eventTap = nullptr;
+    ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
     MediaRemote* mediaRemote = nullptr;
     Notifications* notifications = nullptr;
@@ -31,6 +32,9 @@ class TestPlatform : public Platform {
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
+  ImageDecoder& imageDecoder() override {
+    return lent(services_.imageDecoder, "the image decoder");
+  }
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }

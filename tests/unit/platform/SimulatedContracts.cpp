@@ -7,11 +7,13 @@
 #include <vector>
 
 #include "platform/simulated/SimulatedDispatch.h"
+#include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/contract/AppleEventsContract.h"
 #include "tests/contract/DispatchContract.h"
 #include "tests/contract/EventTapContract.h"
+#include "tests/contract/ImageDecoderContract.h"
 #include "tests/contract/KeyEventsContract.h"
 #include "tests/contract/UserDefaultsContract.h"
 #include "tests/contract/WorkspaceContract.h"
@@ -178,6 +180,18 @@ class SimulatedWorkspaceWorld : public WorkspaceWorld {
   SimulatedWorld world_;
 };
 
+class SimulatedImageDecoderWorld : public ImageDecoderWorld {
+ public:
+  ImageDecoder& decoder() override { return decoder_; }
+  std::string encode(int width, int height, const std::string& name) override {
+    return SimulatedImageDecoder::encode(width, height, name);
+  }
+  std::string claim(int width, int height) override { return encode(width, height, "claim"); }
+
+ private:
+  SimulatedImageDecoder decoder_;
+};
+
 INSTANTIATE_TEST_SUITE_P(Simulated, DispatchContract,
                          testing::Values([] { return std::make_unique<SimulatedDispatchWorld>(0); },
                                          [] { return std::make_unique<SimulatedDispatchWorld>(1); },
@@ -192,6 +206,10 @@ INSTANTIATE_TEST_SUITE_P(Simulated, UserDefaultsContract, testing::Values([] {
 
 INSTANTIATE_TEST_SUITE_P(Simulated, EventTapContract, testing::Values([] {
                            return std::make_unique<SimulatedEventTapWorld>();
+                         }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, ImageDecoderContract, testing::Values([] {
+                           return std::make_unique<SimulatedImageDecoderWorld>();
                          }));
 
 INSTANTIATE_TEST_SUITE_P(Simulated, KeyEventsContract, testing::Values([] {
