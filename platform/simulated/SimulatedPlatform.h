@@ -44,8 +44,8 @@ class SimulatedPlatform : public Platform {
   }
 
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
-  SimulatedBundle& bundle() { return bundle_; }
-  SimulatedChildProcesses& childProcesses() { return childProcesses_; }
+  SimulatedBundle& bundle() override { return bundle_; }
+  SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
   Dispatch& dispatch() override { return *dispatch_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
