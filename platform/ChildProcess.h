@@ -12,13 +12,15 @@ namespace talmo {
 
 /// One child process, made by `ChildProcesses`. Every function may be called on any thread.
 ///
-/// Letting go of it neither ends the child nor waits for it; its handlers do not begin any more,
-/// and the system is told to forget the child when it ends.
+/// Letting go of it neither ends the child nor waits for it; its termination handler does not begin
+/// any more, and the system is told to forget the child when it ends. Its pipes go with it, unless
+/// somebody else holds them; a child that writes to a pipe that has gone is ended by SIGPIPE.
 class ChildProcess {
  public:
   virtual ~ChildProcess() = default;
 
-  /// Starts the child; once. Says in words why it could not be started, and nothing when it runs.
+  /// Starts the child; once, a second time fails. Says in words why it could not be started, and
+  /// nothing when it runs. The pipes of a child that could not be started are at their end.
   virtual std::optional<std::string> launch() = 0;
 
   /// Whether it has been started and has not ended. False at the latest when the termination

@@ -5,7 +5,8 @@
 
 namespace talmo {
 
-/// The reading end of the pipe that a child writes to. It is closed when it is let go of.
+/// The reading end of the pipe that a child writes to. It is closed when it is let go of; its
+/// handler does not begin any more then.
 ///
 /// It is read in one of two manners: by a readability handler, or by `readToEnd`; not by both at a
 /// time. The functions may be called on any thread.

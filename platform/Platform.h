@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/AppleEvents.h"
+#include "platform/Bundle.h"
+#include "platform/ChildProcesses.h"
 #include "platform/ComponentStates.h"
 #include "platform/Dispatch.h"
 #include "platform/EventTap.h"
@@ -25,6 +27,8 @@ class Platform {
   Platform& operator=(const Platform&) = delete;
 
   virtual AppleEvents& appleEvents() = 0;
+  virtual Bundle& bundle() = 0;
+  virtual ChildProcesses& childProcesses() = 0;
   virtual Dispatch& dispatch() = 0;
   virtual EventTap& eventTap() = 0;
   virtual ImageDecoder& imageDecoder() = 0;

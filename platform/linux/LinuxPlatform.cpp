@@ -1,11 +1,14 @@
 #include "platform/linux/LinuxPlatform.h"
 
+#include <utility>
+
 #include "platform/linux/applications/LinuxApplications.h"
 
 namespace talmo {
 
-LinuxPlatform::LinuxPlatform()
-    : userDefaults_(LinuxUserDefaults::standardFile()),
+LinuxPlatform::LinuxPlatform(std::filesystem::path bundleFolder)
+    : bundle_(std::move(bundleFolder)),
+      userDefaults_(LinuxUserDefaults::standardFile()),
       keyEvents_(LinuxApplications::strokeException),
       workspace_(dispatch_),
       notifications_(dispatch_),

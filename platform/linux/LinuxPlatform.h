@@ -1,13 +1,17 @@
 #pragma once
 
+#include <filesystem>
+
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "platform/linux/images/LinuxImageDecoder.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
+#include "platform/linux/LinuxBundle.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
+#include "platform/linux/processes/LinuxChildProcesses.h"
 #include "platform/linux/settings/LinuxUserDefaults.h"
 #include "platform/Platform.h"
 #include "support/MainQueueNotifications.h"
@@ -18,11 +22,14 @@ namespace talmo {
 /// after every tap has been stopped, and while it is still the platform in use.
 class LinuxPlatform : public Platform {
  public:
-  LinuxPlatform();
+  /// The bundle's folder is the running program's, or another absolute one.
+  explicit LinuxPlatform(std::filesystem::path bundleFolder = LinuxBundle::folderOfTheProgram());
   /// Waits for what runs on the queues.
   ~LinuxPlatform() override;
 
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxBundle& bundle() override { return bundle_; }
+  LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
@@ -34,7 +41,9 @@ class LinuxPlatform : public Platform {
   LinuxWorkspace& workspace() override { return workspace_; }
 
  private:
+  LinuxBundle bundle_;
   LinuxLog log_;
+  LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
   LinuxUserDefaults userDefaults_;
   LinuxEventTap eventTap_;

@@ -7,6 +7,8 @@
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
+#include "platform/simulated/SimulatedBundle.h"
+#include "platform/simulated/SimulatedChildProcesses.h"
 #include "platform/simulated/SimulatedEventTap.h"
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
@@ -36,13 +38,17 @@ class SimulatedPlatform : public Platform {
   }
 
   ~SimulatedPlatform() override {
-    // All work ends before the components' records go, and these before what they hold.
+    // Work that waits for a child goes on; then all work ends before the components' records go,
+    // and these before what they hold.
+    childProcesses_.killAll();
     endWork_();
     states().clear();
     setPlatform(nullptr);
   }
 
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
+  SimulatedBundle& bundle() override { return bundle_; }
+  SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
   Dispatch& dispatch() override { return *dispatch_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
@@ -63,6 +69,8 @@ class SimulatedPlatform : public Platform {
   SimulatedUserDefaults userDefaults_;
   SimulatedApplications applications_;
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedBundle bundle_;
+  SimulatedChildProcesses childProcesses_{*dispatch_};
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};

@@ -15,6 +15,8 @@ class TestPlatform : public Platform {
  public:
   struct Services {
     AppleEvents* appleEvents = nullptr;
+    Bundle* bundle = nullptr;
+    ChildProcesses* childProcesses = nullptr;
     Dispatch* dispatch = nullptr;
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
@@ -30,6 +32,10 @@ class TestPlatform : public Platform {
   ~TestPlatform() override { setPlatform(nullptr); }
 
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
+  ChildProcesses& childProcesses() override {
+    return lent(services_.childProcesses, "child processes");
+  }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
   ImageDecoder& imageDecoder() override {

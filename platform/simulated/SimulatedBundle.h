@@ -1,0 +1,73 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "platform/Bundle.h"
+#include "support/Mutex.h"
+#include "support/MutexLock.h"
+#include "support/ThreadSafety.h"
+
+namespace talmo {
+
+/// The bundle of the simulated machine; at first with the adapter's script and framework. What it
+/// names and which files there are is set independently. Any thread.
+class SimulatedBundle : public Bundle {
+ public:
+  static constexpr auto adapterScript =
+      "/Applications/Talmo.app/Contents/Resources/mediaremote-adapter.pl";
+  static constexpr auto frameworks = "/Applications/Talmo.app/Contents/Frameworks";
+  static constexpr auto adapterFramework =
+      "/Applications/Talmo.app/Contents/Frameworks/MediaRemoteAdapter.framework";
+
+  std::optional<std::string> resourcePath(const std::string& name,
+                                          const std::string& extension) const override {
+    const MutexLock lock(mutex_);
+    const auto found = resources_.find(name + "." + extension);
+    if (found == resources_.end()) return std::nullopt;
+    return found->second;
+  }
+  std::optional<std::string> privateFrameworksPath() const override {
+    const MutexLock lock(mutex_);
+    return frameworks_;
+  }
+  bool fileExists(const std::string& path) const override {
+    const MutexLock lock(mutex_);
+    return files_.contains(path);
+  }
+
+  /// Names the path of the resource `file` ("name.extension"), or takes it away.
+  void setResource(const std::string& file, std::optional<std::string> path) {
+    const MutexLock lock(mutex_);
+    if (path) {
+      resources_[file] = *std::move(path);
+    } else {
+      resources_.erase(file);
+    }
+  }
+  void setPrivateFrameworksPath(std::optional<std::string> path) {
+    const MutexLock lock(mutex_);
+    frameworks_ = std::move(path);
+  }
+  void setFileExists(const std::string& path, bool exists) {
+    const MutexLock lock(mutex_);
+    if (exists) {
+      files_.insert(path);
+    } else {
+      files_.erase(path);
+    }
+  }
+
+ private:
+  mutable Mutex mutex_;
+  std::map<std::string, std::string> resources_ TALMO_GUARDED_BY(mutex_){
+      {"mediaremote-adapter.pl", adapterScript}};
+  std::optional<std::string> frameworks_ TALMO_GUARDED_BY(mutex_) = frameworks;
+  std::set<std::string> files_ TALMO_GUARDED_BY(mutex_){adapterScript, frameworks,
+                                                        adapterFramework};
+};
+
+}  // namespace talmo
