@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/AppleEvents.h"
+#include "platform/AudioObjects.h"
 #include "platform/ComponentStates.h"
 #include "platform/Dispatch.h"
 #include "platform/EventTap.h"
@@ -23,6 +24,7 @@ class Platform {
   Platform& operator=(const Platform&) = delete;
 
   virtual AppleEvents& appleEvents() = 0;
+  virtual AudioObjects& audioObjects() = 0;
   virtual Dispatch& dispatch() = 0;
   virtual EventTap& eventTap() = 0;
   virtual ImageDecoder& imageDecoder() = 0;

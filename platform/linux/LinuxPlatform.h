@@ -2,6 +2,7 @@
 
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/audio/LinuxAudioObjects.h"
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "platform/linux/images/LinuxImageDecoder.h"
 #include "platform/linux/input/LinuxEventTap.h"
@@ -21,6 +22,7 @@ class LinuxPlatform : public Platform {
   ~LinuxPlatform() override;
 
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
@@ -37,6 +39,7 @@ class LinuxPlatform : public Platform {
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
   LinuxAppleEvents appleEvents_;
+  LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
 };
 

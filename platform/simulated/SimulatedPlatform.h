@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
+#include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedEventTap.h"
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
@@ -41,6 +42,7 @@ class SimulatedPlatform : public Platform {
   }
 
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
+  SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   Dispatch& dispatch() override { return *dispatch_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
@@ -59,6 +61,7 @@ class SimulatedPlatform : public Platform {
   SimulatedUserDefaults userDefaults_;
   SimulatedApplications applications_;
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedAudioObjects audioObjects_;
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};

@@ -15,6 +15,7 @@ class TestPlatform : public Platform {
  public:
   struct Services {
     AppleEvents* appleEvents = nullptr;
+    AudioObjects* audioObjects = nullptr;
     Dispatch* dispatch = nullptr;
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
@@ -28,6 +29,7 @@ class TestPlatform : public Platform {
   ~TestPlatform() override { setPlatform(nullptr); }
 
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
   ImageDecoder& imageDecoder() override {
