@@ -16,10 +16,17 @@ namespace talmo {
 /// a backend bounds it.
 class AudioObjects {
  public:
-  /// `AudioObjectID`; 1 is the system object.
+  /// `AudioObjectID`.
   using Object = std::uint32_t;
   /// A property's four-character code (`AudioObjectPropertySelector`).
   using Selector = std::uint32_t;
+
+  /// What the program asks for (AudioHardwareBase.h, AudioHardware.h).
+  static constexpr Object systemObject = 1;
+  static constexpr Selector processObjectList = 0x70727323;       // 'prs#'
+  static constexpr Selector processPID = 0x70706964;              // 'ppid'
+  static constexpr Selector processBundleID = 0x70626964;         // 'pbid'
+  static constexpr Selector processIsRunningOutput = 0x7069726F;  // 'piro'
 
   virtual ~AudioObjects() = default;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/AppleEvents.h"
+#include "platform/AudioObjects.h"
 #include "platform/Bundle.h"
 #include "platform/ChildProcesses.h"
 #include "platform/ComponentStates.h"
@@ -27,6 +28,7 @@ class Platform {
   Platform& operator=(const Platform&) = delete;
 
   virtual AppleEvents& appleEvents() = 0;
+  virtual AudioObjects& audioObjects() = 0;
   virtual Bundle& bundle() = 0;
   virtual ChildProcesses& childProcesses() = 0;
   virtual Dispatch& dispatch() = 0;

@@ -4,6 +4,7 @@
 
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/audio/LinuxAudioObjects.h"
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "platform/linux/images/LinuxImageDecoder.h"
 #include "platform/linux/input/LinuxEventTap.h"
@@ -28,6 +29,7 @@ class LinuxPlatform : public Platform {
   ~LinuxPlatform() override;
 
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
@@ -50,6 +52,7 @@ class LinuxPlatform : public Platform {
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
   LinuxAppleEvents appleEvents_;
+  LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
   MainQueueNotifications notifications_;
   LinuxMediaRemote mediaRemote_;

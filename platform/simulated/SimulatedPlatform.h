@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
+#include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedBundle.h"
 #include "platform/simulated/SimulatedChildProcesses.h"
 #include "platform/simulated/SimulatedEventTap.h"
@@ -47,6 +48,7 @@ class SimulatedPlatform : public Platform {
   }
 
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
+  SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   SimulatedBundle& bundle() override { return bundle_; }
   SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
   Dispatch& dispatch() override { return *dispatch_; }
@@ -69,6 +71,7 @@ class SimulatedPlatform : public Platform {
   SimulatedUserDefaults userDefaults_;
   SimulatedApplications applications_;
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedAudioObjects audioObjects_;
   SimulatedBundle bundle_;
   SimulatedChildProcesses childProcesses_{*dispatch_};
   SimulatedEventTap eventTap_{*dispatch_};

@@ -19,6 +19,8 @@ class PrivateSound {
   /// The value for PULSE_SERVER.
   const std::string& address() const { return address_; }
 
+  TestProcess& process() { return server_; }
+
  private:
   std::string address_;
   TestProcess server_;

@@ -15,6 +15,7 @@ class TestPlatform : public Platform {
  public:
   struct Services {
     AppleEvents* appleEvents = nullptr;
+    AudioObjects* audioObjects = nullptr;
     Bundle* bundle = nullptr;
     ChildProcesses* childProcesses = nullptr;
     Dispatch* dispatch = nullptr;
@@ -32,6 +33,7 @@ class TestPlatform : public Platform {
   ~TestPlatform() override { setPlatform(nullptr); }
 
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
   ChildProcesses& childProcesses() override {
     return lent(services_.childProcesses, "child processes");

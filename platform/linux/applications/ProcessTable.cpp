@@ -109,6 +109,10 @@ bool ProcessTable::isOurs(ProcessIdentifier process) {
          status.st_uid == ::geteuid();
 }
 
+ProcessIdentifier ProcessTable::parent(ProcessIdentifier process) {
+  return statusOf(process).parent;
+}
+
 std::vector<ProcessIdentifier> ProcessTable::running(const std::vector<std::string_view>& names) {
   const std::vector<ProcessIdentifier> all = processesOfThisUser();
   std::vector<ProcessIdentifier> found;

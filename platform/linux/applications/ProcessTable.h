@@ -19,6 +19,9 @@ class ProcessTable {
   /// Whether there is such a process and it is this user's.
   static bool isOurs(ProcessIdentifier process);
 
+  /// The process that started this one, or that took it over; 0 when there is none.
+  static ProcessIdentifier parent(ProcessIdentifier process);
+
   /// The processes of this user that run a program of one of these file names. Where no process
   /// does, those that go by such a name: a script, or a program that its wrapper renamed. Processes
   /// that another of them started are its helpers and are left out.

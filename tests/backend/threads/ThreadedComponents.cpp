@@ -6,6 +6,7 @@
 
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "tests/component/AppCoordinatorTest.h"
+#include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/World.h"
@@ -41,6 +42,7 @@ const auto world =
     testing::Values(+[]() -> std::unique_ptr<World> { return std::make_unique<ThreadedWorld>(); });
 
 INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 

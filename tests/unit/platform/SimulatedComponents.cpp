@@ -1,6 +1,7 @@
 // Runs the component tests in virtual time, each with several seeds.
 
 #include "tests/component/AppCoordinatorTest.h"
+#include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SimulatedWorld.h"
@@ -17,6 +18,7 @@ const auto worlds =
     testing::Values(&make<0>, &make<1>, &make<2>, &make<3>, &make<4>, &make<5>, &make<6>, &make<7>);
 
 INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 

@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedDispatch.h"
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/contract/AppleEventsContract.h"
+#include "tests/contract/AudioObjectsContract.h"
 #include "tests/contract/DispatchContract.h"
 #include "tests/contract/EventTapContract.h"
 #include "tests/contract/ImageDecoderContract.h"
@@ -191,6 +193,40 @@ class SimulatedImageDecoderWorld : public ImageDecoderWorld {
  private:
   SimulatedImageDecoder decoder_;
 };
+
+class SimulatedAudioObjectsWorld : public AudioObjectsWorld {
+ public:
+  AudioObjects& audioObjects() override { return audio_; }
+  std::string bundleID() override { return "nl.brelm.application"; }
+
+  Stream start() override {
+    const Stream stream = nextProcess_++;
+    objects_[stream] = audio_.add({.bundleID = bundleID(), .process = stream});
+    return stream;
+  }
+  Stream startHelper(Stream& application) override {
+    application = nextProcess_++;
+    const Stream stream = nextProcess_++;
+    objects_[stream] = audio_.add({.process = stream});
+    audio_.setResponsibleProcess(stream, application);
+    return stream;
+  }
+  void cork(Stream stream, bool isCorked) override {
+    SimulatedAudioObjects::Process process{.isRunningOutput = !isCorked, .process = stream};
+    process.bundleID = bundleID();
+    audio_.set(objects_.at(stream), process);
+  }
+  void end(Stream stream) override { audio_.remove(objects_.at(stream)); }
+
+ private:
+  SimulatedAudioObjects audio_;
+  std::map<Stream, AudioObjects::Object> objects_;
+  Stream nextProcess_ = 500;
+};
+
+INSTANTIATE_TEST_SUITE_P(Simulated, AudioObjectsContract, testing::Values([] {
+                           return std::make_unique<SimulatedAudioObjectsWorld>();
+                         }));
 
 INSTANTIATE_TEST_SUITE_P(Simulated, DispatchContract,
                          testing::Values([] { return std::make_unique<SimulatedDispatchWorld>(0); },
