@@ -30,6 +30,15 @@ bool isBackend(std::string_view name) {
   return name.starts_with("platform/");
 }
 
+/// The backend of the system that a folder of the adapter is for: "platform/linux" for a file of
+/// "adapter/linux"; empty for the portable files.
+std::string backendOfAdapter(const std::string& path) {
+  const std::size_t slash = path.find('/');
+  const std::size_t second = path.find('/', slash + 1);
+  if (room(path) != "adapter" || second == std::string::npos) return "";
+  return "platform" + path.substr(slash, second - slash);
+}
+
 bool mayInclude(const std::string& path, const std::string& included) {
   const std::string from = room(path);
   const std::string to = room(included);
@@ -37,7 +46,11 @@ bool mayInclude(const std::string& path, const std::string& included) {
   if (to == "support" || to == "platform") return true;
   if (isProgram(from)) return isProgram(to);
   if (path == from + "/main.cpp" && to == "app") return true;
-  return from == to;
+  if (from == "adapter" && to == "adapter") {
+    const std::string inner = backendOfAdapter(included);
+    return inner.empty() || inner == backendOfAdapter(path);
+  }
+  return from == to || backendOfAdapter(path) == to;
 }
 
 /// System, toolkit and vendor headers, which only backends and the adapter may use.
@@ -103,7 +116,7 @@ std::vector<std::string> includeBreaches(const SourceTree& tree) {
         breaches.push_back(sentence);
       }
     }
-    if (isBackend(from) || from == "adapter") continue;
+    if (isBackend(from) || !backendOfAdapter(path).empty()) continue;
     eachLine(text, [&, &file = path](const std::string& line) {
       if (std::regex_search(line, systemCondition())) {
         breaches.push_back(file + " asks for the operating system: " + line);

@@ -14,7 +14,10 @@ using SourceTree = std::map<std::string, std::string>;
 /// - the program and `support` know no backend, no toolkit and no system header;
 /// - the services know `support` and each other, and nothing of the program;
 /// - a backend knows the services, `support` and itself; its `main.cpp` also knows `app`;
-/// - outside of `platform` and `adapter` no `#if` asks for the operating system;
+/// - the adapter knows the services, `support` and itself; its folder for a system, which the rest
+///   of it does not know, also knows that system's backend;
+/// - outside of backends and the adapter's folders for systems no `#if` asks for the operating
+///   system;
 /// - nothing but tests and benchmarks knows a test.
 std::vector<std::string> includeBreaches(const SourceTree& tree);
 

@@ -58,8 +58,10 @@ TEST(IncludeGraph, TakesADiamondForNoCycle) {
 }
 
 TEST(IncludeGraph, FindsEveryBreach) {
-  const SourceTree files{{"app/A.h", ""},   {"platform/Log.h", ""},     {"support/S.h", ""},
-                         {"tests/T.h", ""}, {"platform/linux/L.h", ""}, {"platform/macos/M.h", ""}};
+  const SourceTree files{
+      {"app/A.h", ""},     {"platform/Log.h", ""},     {"support/S.h", ""},
+      {"tests/T.h", ""},   {"platform/linux/L.h", ""}, {"platform/macos/M.h", ""},
+      {"adapter/A.h", ""}, {"adapter/linux/L.h", ""}};
   const auto breachesOf = [&files](const std::string& path, const std::string& text) {
     SourceTree tree = files;
     tree[path] = text;
@@ -77,8 +79,18 @@ TEST(IncludeGraph, FindsEveryBreach) {
   EXPECT_THAT(breachesOf("platform/K.h", "#include \"platform/linux/L.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("platform/linux/K.h", "#include \"platform/macos/M.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("platform/linux/K.cpp", "#include \"app/A.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("adapter/K.cpp", "#include \"app/A.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("adapter/K.cpp", "#include \"platform/linux/L.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("adapter/K.cpp", "#include \"adapter/linux/L.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("adapter/K.cpp", "#ifdef __linux__\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("adapter/linux/K.cpp", "#include \"platform/macos/M.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("keys/K.cpp", "#include \"adapter/A.h\"\n"), SizeIs(1));
 
   EXPECT_THAT(breachesOf("keys/K.cpp", "#include \"app/A.h\"\n#include <string>\n"), IsEmpty());
+  EXPECT_THAT(breachesOf("adapter/linux/K.cpp",
+                         "#include \"adapter/A.h\"\n#include \"platform/linux/L.h\"\n"
+                         "#ifdef __linux__\n"),
+              IsEmpty());
   EXPECT_THAT(breachesOf("platform/K.h", "#include \"support/S.h\"\n"), IsEmpty());
   EXPECT_THAT(breachesOf("platform/linux/main.cpp", "#include \"app/A.h\"\n"), IsEmpty());
   EXPECT_THAT(breachesOf("platform/linux/K.cpp", "#include <unistd.h>\n#ifdef __linux__\n"),
