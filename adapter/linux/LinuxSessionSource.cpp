@@ -1,30 +1,43 @@
 #include <optional>
-#include <poll.h>
 #include <unistd.h>
+#include <utility>
 
 #include "adapter/linux/StopConditions.h"
 #include "adapter/SessionSource.h"
+#include "platform/linux/mediasession/MprisSessions.h"
 
 namespace talmo {
 namespace {
 
-/// A desktop on which nobody owns a media session.
+/// The media session of a Linux desktop: that of the players on the session bus.
 class LinuxSessionSource : public SessionSource {
  public:
-  std::optional<MediaSession> current(bool /*wantsArtwork*/) override { return std::nullopt; }
-
-  bool waitForChange() override {
-    while (!stop_.met()) {
-      const auto descriptors = stop_.descriptors();
-      ::poll(descriptors.data(), descriptors.size(), -1);
-    }
-    return false;
+  std::optional<MediaSession> current(bool wantsArtwork) override {
+    std::optional<MprisSession> session = sessions_.current(wantsArtwork);
+    if (!session) return std::nullopt;
+    return MediaSession{.bundleIdentifier = std::move(session->bundleIdentifier),
+                        .trackIdentifier = std::move(session->trackIdentifier),
+                        .title = std::move(session->title),
+                        .artist = std::move(session->artist),
+                        .album = std::move(session->album),
+                        .isPlaying = session->isPlaying,
+                        .elapsedTime = session->elapsedTime,
+                        .duration = session->duration,
+                        .artwork = std::move(session->artwork)};
   }
 
-  bool send(int /*command*/) override { return false; }
+  bool waitForChange() override {
+    while (sessions_.waitForChange(stop_.descriptors()) != MprisSessions::Wake::change) {
+      if (stop_.met()) return false;
+    }
+    return true;
+  }
+
+  bool send(int command) override { return sessions_.send(command); }
 
  private:
   StopConditions stop_{STDOUT_FILENO, ::getppid()};
+  MprisSessions sessions_;
 };
 
 }  // namespace

@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "platform/linux/dispatch/LinuxDispatch.h"
+#include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
+#include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/World.h"
 
 namespace talmo::test {
@@ -41,10 +43,12 @@ class ThreadedWorld : public World {
 const auto world =
     testing::Values(+[]() -> std::unique_ptr<World> { return std::make_unique<ThreadedWorld>(); });
 
+INSTANTIATE_TEST_SUITE_P(Threads, AdapterNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
 
 }  // namespace
 }  // namespace talmo::test

@@ -1,10 +1,12 @@
 // Runs the component tests in virtual time, each with several seeds.
 
+#include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SimulatedWorld.h"
+#include "tests/component/SystemNowPlayingTest.h"
 
 namespace talmo::test {
 namespace {
@@ -17,10 +19,12 @@ std::unique_ptr<World> make() {
 const auto worlds =
     testing::Values(&make<0>, &make<1>, &make<2>, &make<3>, &make<4>, &make<5>, &make<6>, &make<7>);
 
+INSTANTIATE_TEST_SUITE_P(Simulated, AdapterNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
 
 }  // namespace
 }  // namespace talmo::test
