@@ -321,24 +321,38 @@ TEST_P(ChildProcessContract, APipeMayOutliveItsChildObject) {
   EXPECT_EQ(output, "heard");
 }
 
-TEST_P(ChildProcessContract, AChildMayBeLetGoOfInItsOwnHandlers) {
-  for (const bool inTermination : {true, false}) {
-    std::atomic<bool> isDone = false;
-    auto child = make(Script().write("x").exit(0));
-    const auto letGo = [&child, &isDone] {
-      child = nullptr;
-      isDone = true;
-    };
-    ChildProcess& process = *child;
-    if (inTermination) {
-      process.setTerminationHandler([letGo](const ChildTermination&) { letGo(); });
-    } else {
-      process.standardOutput()->setReadabilityHandler([letGo](OutputPipe&) { letGo(); });
-    }
-    ASSERT_EQ(process.launch(), std::nullopt);
-    ASSERT_TRUE(runUntil([&] { return isDone.load(); }));
-    runChild(Script());
-  }
+TEST_P(ChildProcessContract, AChildMayBeLetGoOfInItsTerminationHandler) {
+  std::atomic<bool> isLaunched = false;
+  std::atomic<bool> isDone = false;
+  // It cannot end before its output is read, which is when nobody else uses its object any more.
+  auto child = make(Script().write(longText()).exit(0));
+  const std::shared_ptr<OutputPipe> pipe = child->standardOutput();
+  child->setTerminationHandler([&](const ChildTermination&) {
+    EXPECT_TRUE(isLaunched);
+    child = nullptr;
+    isDone = true;
+  });
+  ASSERT_EQ(child->launch(), std::nullopt);
+  isLaunched = true;
+  ASSERT_TRUE(runAside([&] { pipe->readToEnd(); }));
+  ASSERT_TRUE(runUntil([&] { return isDone.load(); }));
+  runChild(Script());
+}
+
+TEST_P(ChildProcessContract, AChildMayBeLetGoOfInItsReadabilityHandler) {
+  std::atomic<bool> isLaunched = false;
+  std::atomic<bool> isDone = false;
+  auto child = make(Script().write("x").exit(0));
+  child->standardOutput()->setReadabilityHandler([&](OutputPipe&) {
+    // Called again, as it has read nothing.
+    if (!isLaunched) return;
+    child = nullptr;
+    isDone = true;
+  });
+  ASSERT_EQ(child->launch(), std::nullopt);
+  isLaunched = true;
+  ASSERT_TRUE(runUntil([&] { return isDone.load(); }));
+  runChild(Script());
 }
 
 TEST_P(ChildProcessContract, ChildrenDoNotDisturbEachOther) {

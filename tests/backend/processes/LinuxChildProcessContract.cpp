@@ -37,7 +37,7 @@ class LinuxChildProcessWorld : public ChildProcessWorld {
     if (!script.obeysTerminate()) parameters.arguments.emplace_back("ignore");
     for (const Script::Step& step : script.steps()) {
       for (std::string& argument :
-           std::visit([this](const auto& what) { return words(what); }, step)) {
+           std::visit([this](const auto& what) { return this->words(what); }, step)) {
         parameters.arguments.push_back(std::move(argument));
       }
     }
