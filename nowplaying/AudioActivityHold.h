@@ -15,7 +15,7 @@ struct AudioActivityHold {
 
   Duration linger = defaultLinger;
   /// When each identifier was last observed.
-  std::map<std::string, Uptime> lastSeen = {};
+  std::map<std::string, Uptime> lastSeen;
 
   /// Takes in what is observed at `now`; returns that and whatever was observed at most `linger`
   /// before.

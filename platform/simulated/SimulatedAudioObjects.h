@@ -27,7 +27,7 @@ class SimulatedAudioObjects : public AudioObjects {
     std::optional<std::string> bundleID = std::nullopt;
     std::optional<ProcessIdentifier> process = std::nullopt;
     /// Properties that are there and cannot be read.
-    std::set<Selector> unreadable = {};
+    std::set<Selector> unreadable;
   };
 
   /// Puts a process at the end of the list.
