@@ -6,7 +6,7 @@
 #include <exception>
 #include <fcntl.h>
 #include <string>
-#include <string_view>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -38,9 +38,9 @@ std::vector<std::string> argumentsOfScript() {
   const std::string countText = variable("TALMO_ADAPTER_ARGUMENT_COUNT");
   std::size_t count = 0;
   std::from_chars(countText.data(), countText.data() + countText.size(), count);
-  std::vector<std::string> arguments;
+  std::vector<std::string> arguments(count);
   for (std::size_t index = 0; index < count; ++index) {
-    arguments.push_back(variable("TALMO_ADAPTER_ARGUMENT_" + std::to_string(index)));
+    arguments[index] = variable("TALMO_ADAPTER_ARGUMENT_" + std::to_string(index));
   }
   return arguments;
 }
@@ -50,7 +50,8 @@ int runToStatus() {
     return runHelper(argumentsOfScript(), makeSessionSource, STDOUT_FILENO, STDERR_FILENO);
   } catch (const std::exception& error) {
     // Out of memory at the most, and nothing of C++ may reach perl.
-    writeWhole(STDERR_FILENO, "mediaremote-adapter: " + std::string(error.what()) + "\n");
+    std::ignore =
+        writeWhole(STDERR_FILENO, "mediaremote-adapter: " + std::string(error.what()) + "\n");
     return 1;
   }
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <tuple>
 
 #include "adapter/CommandLine.h"
 #include "adapter/SessionFields.h"
@@ -17,7 +18,7 @@ constexpr int failure = 1;
 constexpr int usageError = 2;
 
 void say(int errors, const std::string& message) {
-  writeWhole(errors, "mediaremote-adapter: " + message + "\n");
+  std::ignore = writeWhole(errors, "mediaremote-adapter: " + message + "\n");
 }
 
 int cannotWrite(int errors, const std::error_code& error) {

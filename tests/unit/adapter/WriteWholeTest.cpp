@@ -4,6 +4,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <future>
+#include <poll.h>
 #include <pthread.h>
 #include <string>
 #include <system_error>
@@ -91,14 +92,16 @@ TEST_F(WriteWholeTest, GoesOnAfterAnInterruption) {
   ASSERT_EQ(::sigaction(SIGUSR1, &action, &before), 0);
   std::promise<pthread_t> writing;
   std::error_code error;
-  std::thread thread([&] {
+  std::thread thread([&, text = longText()] {
     writing.set_value(::pthread_self());
-    error = writeWhole(writer(), longText());
+    error = writeWhole(writer(), text);
     closeWriter();
   });
   const pthread_t handle = writing.get_future().get();
-  // Nobody reads yet, so the writer cannot have ended.
-  for (int wanted = 1; wanted <= 20; ++wanted) {
+  pollfd room{.fd = writer(), .events = POLLOUT, .revents = 0};
+  while (::poll(&room, 1, 0) == 1) std::this_thread::yield();
+  // Nobody reads yet, so the writer waits for room whenever it is not being interrupted.
+  for (int wanted = 1; wanted <= 1000; ++wanted) {
     ASSERT_EQ(::pthread_kill(handle, SIGUSR1), 0);
     while (interruptions < wanted) std::this_thread::yield();
   }
