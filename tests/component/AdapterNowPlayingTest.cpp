@@ -202,7 +202,7 @@ TEST_P(AdapterNowPlayingTest, ArtworkThatIsNoneLeavesTheCacheAlone) {
   const auto adapter = started(Script()
                                    .write(line("One", cover))
                                    .write(line("Two", R"(,"artworkData":"bm8gaW1hZ2U=")"))
-                                   .write(line("Three", R"(,"artworkData":"no base64")"))
+                                   .write(line("Three", R"(,"artworkData":"no*base64")"))
                                    .write(line("Four", cover))
                                    .liveOn());
   ASSERT_TRUE(runUntilUpdates(4));

@@ -24,6 +24,41 @@ void check(int result, const char* what) {
   if (result < 0) throw std::system_error(-result, std::generic_category(), what);
 }
 
+// So many that the player still answers in between.
+constexpr int floodStep = 200;
+
+int appendText(sd_bus_message* reply, const char* key, const char* type, const std::string& text) {
+  return text.empty() ? 0 : sd_bus_message_append(reply, "{sv}", key, type, text.c_str());
+}
+
+int appendTrack(sd_bus_message* reply, const FakeTrack& track) {
+  if (track.hasWrongTypes) {
+    return sd_bus_message_append(reply, "a{sv}", 6, "xesam:title", "i", 1, "xesam:artist", "s",
+                                 "a text", "xesam:album", "as", 1, "a list", "mpris:length", "s",
+                                 "long", "mpris:trackid", "d", 1.5, "mpris:artUrl", "a{sv}", 0);
+  }
+  check(sd_bus_message_open_container(reply, 'a', "{sv}"), "a dictionary");
+  check(appendText(reply, "xesam:title", "s", track.title), "the title");
+  check(appendText(reply, "xesam:album", "s", track.album), "the album");
+  check(appendText(reply, "xesam:url", "s", track.url), "the address");
+  check(appendText(reply, "mpris:artUrl", "s", track.artUrl), "the artwork");
+  check(appendText(reply, "mpris:trackid", "o", track.trackid), "the track's name");
+  if (track.length) {
+    check(sd_bus_message_append(reply, "{sv}", "mpris:length", "x", *track.length), "the length");
+  }
+  if (!track.artists.empty()) {
+    check(sd_bus_message_open_container(reply, 'e', "sv"), "an entry");
+    check(sd_bus_message_append(reply, "s", "xesam:artist"), "the artists' key");
+    check(sd_bus_message_open_container(reply, 'v', "as"), "a variant");
+    check(sd_bus_message_open_container(reply, 'a', "s"), "a list");
+    for (const std::string& artist : track.artists) {
+      check(sd_bus_message_append(reply, "s", artist.c_str()), "an artist");
+    }
+    for (int level = 0; level < 3; ++level) check(sd_bus_message_close_container(reply), "an end");
+  }
+  return sd_bus_message_close_container(reply);
+}
+
 }  // namespace
 
 /// What sd-bus calls, with the player as its user data; always on the player's thread.
@@ -46,7 +81,14 @@ struct FakePlayer::Callbacks {
 
   static int metadata(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply,
                       void* data, sd_bus_error*) {
-    const std::string track = std::to_string(static_cast<FakePlayer*>(data)->track());
+    FakePlayer& player = *static_cast<FakePlayer*>(data);
+    std::optional<FakeTrack> shown;
+    {
+      const MutexLock lock(player.mutex_);
+      shown = player.shown_;
+    }
+    if (shown) return appendTrack(reply, *shown);
+    const std::string track = std::to_string(player.track());
     const std::string path = "/nl/brelm/Talmo/Test/track/" + track;
     const std::string title = "Track " + track;
     const std::string url = "file:///tunes/track" + track + ".wav";
@@ -54,6 +96,18 @@ struct FakePlayer::Callbacks {
                                  "mpris:length", "x", std::int64_t{180'000'000}, "xesam:title", "s",
                                  title.c_str(), "xesam:artist", "as", 1, "Fake Artist", "xesam:url",
                                  "s", url.c_str());
+  }
+
+  static int position(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply,
+                      void* data, sd_bus_error*) {
+    FakePlayer& player = *static_cast<FakePlayer*>(data);
+    const MutexLock lock(player.mutex_);
+    return sd_bus_message_append(reply, "x", player.position_);
+  }
+
+  static int rate(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
+                  sd_bus_error*) {
+    return sd_bus_message_append(reply, "d", 1.0);
   }
 
   static int number(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
@@ -64,6 +118,13 @@ struct FakePlayer::Callbacks {
   static int yes(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
                  sd_bus_error*) {
     return sd_bus_message_append(reply, "b", 1);
+  }
+
+  static int desktopEntry(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply,
+                          void* data, sd_bus_error*) {
+    const Start& start = static_cast<FakePlayer*>(data)->start_;
+    const std::string& entry = start.desktopEntry.empty() ? start.name : start.desktopEntry;
+    return sd_bus_message_append(reply, "s", entry.c_str());
   }
 
   static int identity(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply,
@@ -79,7 +140,8 @@ FakePlayer::FakePlayer(Start start)
   static const sd_bus_vtable root[] = {
       SD_BUS_VTABLE_START(0),
       SD_BUS_PROPERTY("Identity", "s", Callbacks::identity, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-      SD_BUS_PROPERTY("DesktopEntry", "s", Callbacks::identity, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+      SD_BUS_PROPERTY("DesktopEntry", "s", Callbacks::desktopEntry, 0,
+                      SD_BUS_VTABLE_PROPERTY_CONST),
       SD_BUS_VTABLE_END};
   static const sd_bus_vtable commands[] = {
       SD_BUS_VTABLE_START(0),
@@ -101,12 +163,17 @@ FakePlayer::FakePlayer(Start start)
                       SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
       SD_BUS_PROPERTY("Metadata", "a{sv}", Callbacks::metadata, 0,
                       SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+      SD_BUS_PROPERTY("Position", "x", Callbacks::position, 0, 0),
+      SD_BUS_PROPERTY("Rate", "d", Callbacks::rate, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+      SD_BUS_SIGNAL("Seeked", "x", 0),
       SD_BUS_VTABLE_END};
   static const sd_bus_vtable wrongProperties[] = {
       SD_BUS_VTABLE_START(0),
       SD_BUS_PROPERTY("PlaybackStatus", "i", Callbacks::number, 0,
                       SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
       SD_BUS_PROPERTY("Metadata", "i", Callbacks::number, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+      SD_BUS_PROPERTY("Position", "i", Callbacks::number, 0, 0),
+      SD_BUS_PROPERTY("Rate", "i", Callbacks::number, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
       SD_BUS_VTABLE_END};
 
   sd_bus* bus = nullptr;
@@ -160,6 +227,41 @@ std::string FakePlayer::playbackStatus() const {
   return playbackStatus_;
 }
 
+void FakePlayer::setPlaybackStatus(const std::string& status) {
+  {
+    const MutexLock lock(mutex_);
+    playbackStatus_ = status;
+    hasChanged_ = true;
+  }
+  wake();
+}
+
+void FakePlayer::setTrack(FakeTrack track) {
+  {
+    const MutexLock lock(mutex_);
+    shown_ = std::move(track);
+    hasChanged_ = true;
+  }
+  wake();
+}
+
+void FakePlayer::seek(std::int64_t position) {
+  {
+    const MutexLock lock(mutex_);
+    position_ = position;
+    hasSought_ = true;
+  }
+  wake();
+}
+
+void FakePlayer::setFlooding(bool isFlooding) {
+  {
+    const MutexLock lock(mutex_);
+    isFlooding_ = isFlooding;
+  }
+  wake();
+}
+
 std::int64_t FakePlayer::track() const {
   const MutexLock lock(mutex_);
   return track_;
@@ -172,6 +274,7 @@ void FakePlayer::serve() {
       if (stopping_) return;
     }
     const bool hangs = behaviour() == Behaviour::hangs;
+    if (!hangs) signal();
     if (!hangs && sd_bus_process(bus_.get(), nullptr) > 0) continue;
     // Without its bus the player is of no use to anyone; it waits to be destroyed.
     const bool open = sd_bus_is_open(bus_.get()) > 0;
@@ -180,10 +283,37 @@ void FakePlayer::serve() {
         pollfd{.fd = hangs || !open ? -1 : sd_bus_get_fd(bus_.get()),
                .events = static_cast<short>(open ? sd_bus_get_events(bus_.get()) : 0),
                .revents = 0}};
-    ::poll(descriptors.data(), descriptors.size(), -1);
+    ::poll(descriptors.data(), descriptors.size(), !hangs && isFlooding() ? 0 : -1);
     eventfd_t ignored = 0;
     ::eventfd_read(wakeUp_, &ignored);
   }
+}
+
+void FakePlayer::signal() {
+  int changes = 0;
+  std::optional<std::int64_t> position;
+  {
+    const MutexLock lock(mutex_);
+    if (isFlooding_) {
+      changes = floodStep;
+    } else if (hasChanged_) {
+      changes = 1;
+    }
+    hasChanged_ = false;
+    if (std::exchange(hasSought_, false)) position = position_;
+  }
+  for (int count = 0; count < changes; ++count) {
+    sd_bus_emit_properties_changed(bus_.get(), objectPath, playerInterface, "PlaybackStatus",
+                                   "Metadata", nullptr);
+  }
+  if (position) {
+    sd_bus_emit_signal(bus_.get(), objectPath, playerInterface, "Seeked", "x", *position);
+  }
+}
+
+bool FakePlayer::isFlooding() const {
+  const MutexLock lock(mutex_);
+  return isFlooding_;
 }
 
 void FakePlayer::wake() const {

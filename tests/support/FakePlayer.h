@@ -3,12 +3,14 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "support/Mutex.h"
 #include "support/ThreadSafety.h"
+#include "tests/support/FakeTrack.h"
 
 struct sd_bus;
 
@@ -34,6 +36,8 @@ class FakePlayer {
     std::string name;
     Behaviour behaviour = Behaviour::answers;
     std::string playbackStatus = "Playing";
+    /// Its own name where this is empty.
+    std::string desktopEntry;
     /// Whether the process ends when the bus goes away, so that a program is not left behind.
     bool endsWithBus = false;
     /// Called on the player's thread with each command (its method's name) before it is answered.
@@ -60,6 +64,18 @@ class FakePlayer {
 
   std::string playbackStatus() const;
 
+  /// Has the player do something else; like every change below it is told to everybody.
+  void setPlaybackStatus(const std::string& status);
+
+  /// Has the player say this of its track from now on, whichever its number is.
+  void setTrack(FakeTrack track);
+
+  /// Moves to that place of the track, in microseconds.
+  void seek(std::int64_t position);
+
+  /// Has the player tell of changes as fast as it can while nothing changes.
+  void setFlooding(bool isFlooding);
+
   /// 1 at the start, one more for each "Next", one less, down to 1, for each "Previous".
   std::int64_t track() const;
 
@@ -71,6 +87,9 @@ class FakePlayer {
 
   void serve();
   void wake() const;
+  /// Sends the signals that are due.
+  void signal();
+  bool isFlooding() const;
   Behaviour behaviour() const;
   /// Records the command and, unless the player refuses, carries it out.
   bool take(const std::string& command);
@@ -82,6 +101,11 @@ class FakePlayer {
   Behaviour behaviour_ TALMO_GUARDED_BY(mutex_);
   std::string playbackStatus_ TALMO_GUARDED_BY(mutex_);
   std::int64_t track_ TALMO_GUARDED_BY(mutex_) = 1;
+  std::optional<FakeTrack> shown_ TALMO_GUARDED_BY(mutex_);
+  std::int64_t position_ TALMO_GUARDED_BY(mutex_) = 0;
+  bool hasChanged_ TALMO_GUARDED_BY(mutex_) = false;
+  bool hasSought_ TALMO_GUARDED_BY(mutex_) = false;
+  bool isFlooding_ TALMO_GUARDED_BY(mutex_) = false;
   std::vector<std::string> received_ TALMO_GUARDED_BY(mutex_);
   bool stopping_ TALMO_GUARDED_BY(mutex_) = false;
   std::thread thread_;

@@ -268,8 +268,10 @@ MprisSessions::Wake MprisSessions::waitForChange(std::span<pollfd> descriptors,
     if (deadline) end = std::min(end.value_or(*deadline), *deadline);
     if (!signals_.isOpen()) end = std::min(end.value_or(nextConnection_), nextConnection_);
     if (drained.hasMore) end = time;
-    const auto left = end ? std::chrono::ceil<std::chrono::milliseconds>(*end - time)
-                          : std::chrono::milliseconds(-1);
+    using std::chrono::milliseconds;
+    const milliseconds left =
+        end ? std::max(std::chrono::ceil<milliseconds>(*end - time), milliseconds(0))
+            : milliseconds(-1);
     polled.back() = signals_.descriptor();
     ::poll(polled.data(), polled.size(), static_cast<int>(left.count()));
     bool hasHappened = false;

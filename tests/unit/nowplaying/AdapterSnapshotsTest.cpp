@@ -127,8 +127,8 @@ TEST(AdapterSnapshot, HandsTheArtworksTextToTheDecoder) {
 
 TEST(AdapterArtwork, IsDecodedFromBase64) {
   const SimulatedWorld world;
-  // "image 3x2 cover"
-  const auto decoded = AdapterNowPlaying::decodedArtwork(AdapterText("aW1hZ2UgM3gyIGNvdmVy"));
+  const auto decoded = AdapterNowPlaying::decodedArtwork(
+      AdapterText(absl::Base64Escape(SimulatedImageDecoder::encode(3, 2, "cover"))));
   ASSERT_TRUE(decoded.has_value());
   EXPECT_EQ(decoded->width, 3);
   EXPECT_EQ(decoded->height, 2);
