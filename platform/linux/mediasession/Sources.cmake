@@ -1,6 +1,5 @@
 # The media session and what it is made of, for the backend and for the helper's module, which
 # compiles them itself. Sets talmo_media_session_sources and talmo_media_session_libraries.
-find_package(absl REQUIRED)
 pkg_check_modules(systemd REQUIRED IMPORTED_TARGET libsystemd)
 pkg_check_modules(uriparser REQUIRED IMPORTED_TARGET liburiparser)
 find_package(utf8cpp REQUIRED)

@@ -1,3 +1,4 @@
+#include <absl/strings/escaping.h>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -137,8 +138,10 @@ TEST(AdapterArtwork, IsDecodedFromBase64) {
 TEST(AdapterArtwork, IsNoneForNoTextNoBase64AndNoImage) {
   const SimulatedWorld world;
   EXPECT_FALSE(AdapterNowPlaying::decodedArtwork(std::nullopt).has_value());
-  for (const char* text :
-       {"", "?", "aW1hZ2UgM3gyIGNvdmV", "aW1h*2UgM3gyIGNvdmVy", "bm8gaW1hZ2U="}) {
+  std::string damaged = absl::Base64Escape(SimulatedImageDecoder::encode(3, 2, "cover"));
+  damaged[4] = '*';
+  for (const std::string& text : {std::string(), std::string("?"), std::string("A"), damaged,
+                                  absl::Base64Escape("no image")}) {
     EXPECT_FALSE(AdapterNowPlaying::decodedArtwork(AdapterText(text)).has_value()) << text;
   }
 }
