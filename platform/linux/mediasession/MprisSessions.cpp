@@ -4,7 +4,6 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <iterator>
 #include <utility>
 
 #include <systemd/sd-bus.h>
@@ -171,12 +170,14 @@ void MprisSessions::observe(Uptime deadline) {
   bool isAnswered =
       std::ranges::all_of(replies, [](const BusReply& reply) { return reply.message != nullptr; });
   if (isAnswered) {
-    std::vector<std::string> names = playerNamesOf(replies[0]);
-    const auto slow = std::ranges::stable_partition(
-        names, [this](const std::string& name) { return !isSlow(name); });
+    std::vector<std::string> quick;
+    std::vector<std::string> slow;
+    for (std::string& name : playerNamesOf(replies[0])) {
+      (isSlow(name) ? slow : quick).push_back(std::move(name));
+    }
     std::map<std::string, MprisPlayer> found;
-    isAnswered = ask({names.begin(), slow.begin()}, deadline, found) &&
-                 ask({slow.begin(), slow.end()}, std::min(deadline, now() + littlePatience), found);
+    isAnswered =
+        ask(quick, deadline, found) && ask(slow, std::min(deadline, now() + littlePatience), found);
     if (isAnswered) {
       players_ = std::move(found);
       owner_ = updateOrder(textOf(replies[1], "s"));
