@@ -1,5 +1,6 @@
 #include "tests/support/Tunes.h"
 
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <fstream>
@@ -7,6 +8,8 @@
 #include <numbers>
 #include <stdexcept>
 #include <string>
+
+#include "tests/support/TestProcess.h"
 
 namespace talmo::test {
 namespace {
@@ -62,6 +65,15 @@ std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folde
     if (!file) throw std::runtime_error("cannot write " + paths.back().string());
   }
   return paths;
+}
+
+void writeCover(const std::filesystem::path& folder) {
+  const std::string size = std::to_string(coverSize) + "x" + std::to_string(coverSize);
+  TestProcess convert({.arguments = {"convert", "-size", size, "gradient:#3b1d8f-#f2709c",
+                                     "PNG24:" + (folder / "cover.png").string()}});
+  if (convert.waitForExit(std::chrono::seconds(30)) != 0) {
+    throw std::runtime_error("cannot make a cover: " + convert.output());
+  }
 }
 
 }  // namespace talmo::test

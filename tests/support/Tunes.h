@@ -10,4 +10,10 @@ namespace talmo::test {
 /// minutes, so that no player reaches the next one by itself while a test waits for it.
 std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder);
 
+/// Both sides of the picture that `writeCover` writes, in pixels.
+constexpr int coverSize = 300;
+
+/// Puts a picture into a folder of tunes, where players look for the cover of an album.
+void writeCover(const std::filesystem::path& folder);
+
 }  // namespace talmo::test
