@@ -124,6 +124,9 @@ TEST_F(NowPlayingTest, TheSessionIsThePlayersThatStartedLastAndStaysWithIt) {
   ASSERT_TRUE(runUntil([&] { return !adapter_->snapshot()->isPlaying; })) << seen();
   EXPECT_EQ(adapter_->snapshot()->bundleID, audacious);
   first->mpris().call("Pause");
+  ASSERT_TRUE(first->waitForStatus("Paused"));
+  // Somebody has to see it paused: a player that pauses for a moment has not started anew.
+  runOnQueue([] { AdapterNowPlaying::getSync(); });
   first->mpris().call("Play");
   EXPECT_TRUE(runUntilTrack(vlc, "tune-1", true)) << seen();
   first->process().end();

@@ -1,8 +1,9 @@
 // talmo-show
 //
 // Shows Talmo at work on a private desktop: real players, real key presses through the X server.
-// Prints what is pressed, what Talmo logs and what the player does. Ends with 0 only if every press
-// did to the player what the key says, and with a picture of the desktop beside the program.
+// Prints what is pressed, what Talmo logs, what the player does and what Talmo's helper sees of it.
+// Ends with 0 only if every press did to the player what the key says, and with a picture of the
+// desktop beside the program.
 #include <chrono>
 #include <exception>
 #include <filesystem>
@@ -13,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/desktop/HelperView.h"
 #include "tests/support/DesktopPlayer.h"
 #include "tests/support/FocusWindow.h"
 #include "tests/support/KeyPresser.h"
@@ -54,6 +56,17 @@ Sight look(DesktopPlayer& player) {
   return {player.mpris().playbackStatus(), player.mpris().track()};
 }
 
+/// Whether the helper sees that the player does this. A player that is paused has the session only
+/// if it was the last to start.
+bool sees(const std::optional<AdapterNowPlayingSnapshot>& snapshot, const DesktopPlayer& player,
+          const Sight& sight) {
+  const bool isPlaying = sight.status == "Playing";
+  if (!snapshot) return false;
+  if (snapshot->bundleID != player.bundleID()) return !isPlaying;
+  return snapshot->isPlaying == isPlaying && snapshot->artwork &&
+         snapshot->title == std::filesystem::path(sight.track).stem();
+}
+
 struct Press {
   const char* what;
   const char* keysym;
@@ -65,11 +78,12 @@ struct Press {
 class Show {
  public:
   Show()
-      : tunes_(writeTunes(desktop_.folder() / "Tunes" / "Sine waves")),
+      : tunes_(writeTunesWithCover(desktop_.folder() / "Tunes" / "Sine waves")),
         vlc_(DesktopPlayer::startVlc(desktop_, tunes_)),
         audacious_(DesktopPlayer::startAudacious(desktop_, tunes_)),
         window_(desktop_.displayName(), {.title = "Somebody else's window", .width = 360}),
-        keys_(desktop_.displayName()) {
+        keys_(desktop_.displayName()),
+        helper_(desktop_, talmoProgram.parent_path()) {
     std::cout << "A desktop of its own: display " << desktop_.displayName()
               << ", window manager, session bus, sound server\n";
     for (DesktopPlayer* player : {vlc_.get(), audacious_.get()}) {
@@ -87,6 +101,13 @@ class Show {
   }
 
  private:
+  static std::vector<std::filesystem::path> writeTunesWithCover(
+      const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> tunes = writeTunes(folder);
+    writeCover(folder);
+    return tunes;
+  }
+
   /// Drives `player`, to which Talmo is pinned; `other` has to stay as it is.
   bool showPlayer(DesktopPlayer& player, DesktopPlayer& other) {
     std::cout << "\nTalmo, pinned to " << player.displayName() << '\n';
@@ -145,6 +166,29 @@ class Show {
     std::cout << "      " << std::left << std::setw(10) << player.displayName() << before
               << "  ->  " << look(player) << "  (" << time / 1ms << " ms): " << verdict(good)
               << std::endl;
+    return showHelper(player, press.expected) && good;
+  }
+
+  /// Prints what the helper sees, once that is what `player` does.
+  bool showHelper(const DesktopPlayer& player, const Sight& expected) {
+    std::optional<AdapterNowPlayingSnapshot> snapshot;
+    const bool good = waitUntil(
+        [&] {
+          snapshot = helper_.look();
+          return sees(snapshot, player, expected) || interrupted != 0;
+        },
+        patience);
+    std::cout << "      Helper    ";
+    if (snapshot) {
+      std::cout << snapshot->title << (snapshot->isPlaying ? " plays in " : " is paused in ")
+                << snapshot->bundleID;
+      if (snapshot->artwork) {
+        std::cout << ", artwork " << snapshot->artwork->width << " x " << snapshot->artwork->height;
+      }
+    } else {
+      std::cout << "nothing plays";
+    }
+    std::cout << ": " << verdict(good) << std::endl;
     return good;
   }
 
@@ -177,6 +221,7 @@ class Show {
   std::unique_ptr<DesktopPlayer> audacious_;
   FocusWindow window_;
   KeyPresser keys_;
+  HelperView helper_;
 };
 
 }  // namespace
@@ -186,7 +231,8 @@ int main() {
   talmo::test::stopAtInterruption();
   try {
     const bool good = talmo::test::Show().run();
-    std::cout << (good ? "Both players paused, resumed and skipped at the press of a key.\n"
+    std::cout << (good ? "Both players paused, resumed and skipped at the press of a key, and the "
+                         "helper saw it.\n"
                        : "Not everything went as it should.\n");
     return good ? 0 : 1;
   } catch (const std::exception& error) {

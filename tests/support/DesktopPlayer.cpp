@@ -54,7 +54,7 @@ std::unique_ptr<DesktopPlayer> DesktopPlayer::startVlc(
   std::vector<std::string> arguments = vlcCommand(desktop);
   arguments.insert(arguments.end(), tunes.begin(), tunes.end());
   return std::unique_ptr<DesktopPlayer>(
-      new DesktopPlayer(desktop, "vlc", "VLC", std::move(arguments)));
+      new DesktopPlayer(desktop, "vlc", "VLC", "org.videolan.vlc", std::move(arguments)));
 }
 
 std::unique_ptr<DesktopPlayer> DesktopPlayer::startAudacious(
@@ -64,14 +64,15 @@ std::unique_ptr<DesktopPlayer> DesktopPlayer::startAudacious(
   std::ofstream(folder / "config") << "[audacious]\nrepeat=TRUE\n";
   std::vector<std::string> arguments = {"audacious"};
   arguments.insert(arguments.end(), tunes.begin(), tunes.end());
-  return std::unique_ptr<DesktopPlayer>(
-      new DesktopPlayer(desktop, "audacious", "Audacious", std::move(arguments)));
+  return std::unique_ptr<DesktopPlayer>(new DesktopPlayer(
+      desktop, "audacious", "Audacious", "org.atheme.audacious", std::move(arguments)));
 }
 
 DesktopPlayer::DesktopPlayer(const PrivateDesktop& desktop, std::string id, std::string displayName,
-                             std::vector<std::string> arguments)
+                             std::string bundleID, std::vector<std::string> arguments)
     : id_(std::move(id)),
       displayName_(std::move(displayName)),
+      bundleID_(std::move(bundleID)),
       process_(desktop.start(std::move(arguments))),
       mpris_(desktop.busAddress(), id_) {
   if (!waitForStatus("Playing")) {

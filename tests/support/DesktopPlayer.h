@@ -31,6 +31,9 @@ class DesktopPlayer {
 
   const std::string& displayName() const { return displayName_; }
 
+  /// The bundle identifier that Talmo knows it by.
+  const std::string& bundleID() const { return bundleID_; }
+
   MprisClient& mpris() { return mpris_; }
 
   TestProcess& process() { return *process_; }
@@ -43,10 +46,11 @@ class DesktopPlayer {
 
  private:
   DesktopPlayer(const PrivateDesktop& desktop, std::string id, std::string displayName,
-                std::vector<std::string> arguments);
+                std::string bundleID, std::vector<std::string> arguments);
 
   std::string id_;
   std::string displayName_;
+  std::string bundleID_;
   std::unique_ptr<TestProcess> process_;
   MprisClient mpris_;
 };
