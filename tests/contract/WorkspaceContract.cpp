@@ -59,10 +59,10 @@ TEST_P(WorkspaceContract, ARunningApplicationIsGivenWithItsName) {
 TEST_P(WorkspaceContract, AProcessIsTracedToItsApplication) {
   world().install(deezer, "Deezer for Linux");
   const ProcessIdentifier process = world().launch(deezer);
-  EXPECT_EQ(workspace().runningApplication(process),
-            (RunningApplication{.bundleID = deezer,
-                                .localizedName = "Deezer for Linux",
-                                .processIdentifier = process}));
+  EXPECT_EQ(
+      workspace().runningApplication(process),
+      (RunningApplication{
+          .bundleID = deezer, .localizedName = "Deezer for Linux", .processIdentifier = process}));
   EXPECT_EQ(workspace().runningApplication(0), std::nullopt);
   world().quit(process);
   EXPECT_EQ(workspace().runningApplication(process), std::nullopt);
