@@ -67,9 +67,11 @@ std::string bundleIdentifierOf(std::string_view busName, std::string_view execut
   std::string_view player = busName;
   if (player.starts_with(prefix)) player.remove_prefix(prefix.size());
   const LinuxApplication* application = find(&LinuxApplication::playerNames, player);
-  // Before the names of browsers' sessions, which every program that has a browser inside goes by.
   if (application == nullptr) application = LinuxApplications::withExecutable(executable);
-  if (application == nullptr) application = find(&LinuxApplication::sessionNames, player);
+  // Every program that has a browser inside goes by the name of that browser's sessions.
+  if (application == nullptr && executable.empty()) {
+    application = find(&LinuxApplication::sessionNames, player);
+  }
   if (application != nullptr) return std::string(application->bundleID);
   if (const std::string_view entry = plausible(desktopEntry); !entry.empty()) {
     return std::string(entry);

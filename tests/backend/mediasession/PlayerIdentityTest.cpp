@@ -34,6 +34,7 @@ TEST(PlayerIdentity, ABrowsersSessionNamesTheBrowser) {
   EXPECT_EQ(bundleIdentifierOf(prefix + "chromium.instance77", "chromium", "chromium"),
             "com.google.Chrome");
   EXPECT_EQ(bundleIdentifierOf(prefix + "chromium.instance77", "", ""), "com.google.Chrome");
+  EXPECT_EQ(bundleIdentifierOf(prefix + "chromium.instance77", "chatter", "chatter"), "chatter");
   EXPECT_EQ(bundleIdentifierOf(prefix + "chrome.instance77", "chrome", ""), "com.google.Chrome");
   // A player with a browser inside.
   EXPECT_EQ(bundleIdentifierOf(prefix + "chromium.instance77", "tidal-hifi", ""),
