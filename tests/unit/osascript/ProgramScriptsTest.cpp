@@ -5,8 +5,11 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/unit/osascript/ProgramScripts.h"
 #include "tests/unit/osascript/ScriptTest.h"
+#include "web/WebCommand.h"
+#include "web/WebPlayerRegistry.h"
+#include "web/WebRouteScripts.h"
+#include "web/WebTabScanner.h"
 
 namespace talmo::test {
 namespace {
@@ -17,25 +20,35 @@ using testing::IsEmpty;
 const BrowserFailure gone{.kind = BrowserFailure::Kind::gone};
 const BrowserFailure refused{.kind = BrowserFailure::Kind::refused, .message = "Not allowed."};
 
-class ProgramScripts : public ScriptTest, public testing::WithParamInterface<Dialect> {
+class ProgramScripts : public ScriptTest, public testing::WithParamInterface<BrowserDialect> {
  protected:
-  std::string scan() { return answer(scanScript(GetParam())); }
-  std::string run(const std::string& url, const std::string& source) {
-    return answer(javaScriptScript(GetParam(), url, source));
+  /// Lists the tabs of all web players.
+  std::string scan() {
+    return answer(WebTabScanner::scanScript({.bundleID = bundleID, .dialect = GetParam()}));
   }
-  std::string focus(const std::string& url) { return answer(focusScript(GetParam(), url)); }
+  /// Runs JavaScript in the tab at `url`, or else in the first one of YouTube.
+  std::string run(const std::string& url, const std::string& source) {
+    return answer(WebRouteScripts::javaScriptRoute(GetParam(), bundleID, WebTabMatch{.url = url},
+                                                   WebPlayerRegistry::youTube(), source));
+  }
+  /// Brings forward the tab at `url`, or else the first one of YouTube.
+  std::string focus(const std::string& url) {
+    return answer(WebRouteScripts::focusRoute(GetParam(), bundleID, WebTabMatch{.url = url},
+                                              WebPlayerRegistry::youTube()));
+  }
 
   std::string open(const std::string& url, const std::string& title = "Title") {
     return browser->openTab(window, url, title);
   }
 
+  const std::string bundleID = "test.browser";
   const std::string window = browser->openWindow();
 };
 
 INSTANTIATE_TEST_SUITE_P(InBothDialects, ProgramScripts,
-                         testing::Values(Dialect::safari, Dialect::chromium),
+                         testing::Values(BrowserDialect::safari, BrowserDialect::chromium),
                          [](const auto& dialect) {
-                           return dialect.param == Dialect::safari ? "Safari" : "Chromium";
+                           return dialect.param == BrowserDialect::safari ? "Safari" : "Chromium";
                          });
 
 TEST_P(ProgramScripts, TheScanListsWhatMatches) {
@@ -128,21 +141,30 @@ TEST_P(ProgramScripts, ATabThatCannotBeReadIsPassedOver) {
 }
 
 TEST_P(ProgramScripts, AddressesAndSourcesArriveAsTheyWere) {
-  const std::string tab = open("https://youtu.be/?q=\"x\\y\"");
-  open("https://youtu.be/other");
-  EXPECT_EQ(run(R"(https://youtu.be/?q=\"x\\y\")", R"(a(\"b\\n\", 'c')    // d)"), "ok");
-  EXPECT_THAT(browser->effects(), ElementsAre("run in tab " + tab + ": a(\"b\\n\", 'c')    // d"));
+  for (const std::string text :
+       {R"(?q="x\y")", R"(\)", R"(\")", R"(" & (do shell script "id") & ")", R"(\" & x & \")",
+        "\"\nend tell\ndo shell script \"id\"\n--", "-- (* # \u00AC\n", "\r\n\t",
+        "\u201C\u201D\u00E9", "', $(id), `id`"}) {
+    const std::string tab = open("https://youtu.be/" + text);
+    EXPECT_EQ(run("https://youtu.be/" + text, "a('" + text + "')"), "ok") << text;
+    EXPECT_EQ(browser->effects().back(), "run in tab " + tab + ": a('" + text + "')");
+    EXPECT_EQ(focus("https://youtu.be/" + text), "ok") << text;
+    EXPECT_EQ(browser->shownTab(window), tab);
+  }
 }
 
-TEST_P(ProgramScripts, AHostileAddressIsText) {
-  const std::string hostile = R"(https://youtu.be/" & (do shell script "id") & ")";
-  const std::string escaped = R"(https://youtu.be/\" & (do shell script \"id\") & \")";
-  const std::string tab = open(hostile);
-  EXPECT_EQ(run(escaped, "a()"), "ok");
-  EXPECT_THAT(browser->effects(), ElementsAre("run in tab " + tab + ": a()"));
-  // And should it ever be written without its escapes, nothing runs at all.
-  EXPECT_EQ(run(hostile, "b()").substr(0, 12), "syntax -2741");
-  EXPECT_EQ(browser->effects().size(), 1U);
+TEST_P(ProgramScripts, TheScriptsOfEveryPlayerRun) {
+  for (const WebPlayerTarget& target : WebPlayerRegistry::all()) {
+    const std::string url = "https://" + target.hosts.front() + "/watch";
+    const std::string tab = open(url);
+    for (const WebCommand command : {WebCommand::toggle, WebCommand::next, WebCommand::previous}) {
+      const std::string source = target.js(command);
+      EXPECT_EQ(answer(WebRouteScripts::javaScriptRoute(GetParam(), bundleID,
+                                                        WebTabMatch{.url = url}, target, source)),
+                "ok");
+      EXPECT_EQ(browser->effects().back(), "run in tab " + tab + ": " + source);
+    }
+  }
 }
 
 TEST_P(ProgramScripts, JavaScriptThatIsNotAllowedFailsTheScript) {

@@ -133,6 +133,7 @@ TEST_F(ScriptStatements, CaseCountsWhereItIsConsidered) {
   EXPECT_EQ(answer("considering case\nreturn \"a\" is \"A\"\nend considering"), "false");
   EXPECT_EQ(answer("considering case\nreturn \"ab\" contains \"A\"\nend considering"), "false");
   EXPECT_EQ(answer("considering case\nreturn \"B\" < \"a\"\nend considering"), "true");
+  EXPECT_EQ(answer("considering case\nreturn \"\u00E9\" is \"e\u0301\"\nend considering"), "true");
   EXPECT_EQ(answer("considering case\nend considering\nreturn \"a\" is \"A\""), "true");
   EXPECT_EQ(answer("try\nconsidering case\nset a to nowhere\nend considering\nend try\n"
                    "return \"a\" is \"A\""),
