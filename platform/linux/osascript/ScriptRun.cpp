@@ -222,8 +222,12 @@ class Run {
         return characterWithID(evaluateAs<std::int64_t>(operands[0], "integer"), range);
       case ScriptOperator::url:
         return read("URL", &BrowserModel::url, operands[0], range);
-      case ScriptOperator::title:
-        return read("title", &BrowserModel::title, operands[0], range);
+      case ScriptOperator::title: {
+        ScriptValue title = read("title", &BrowserModel::title, operands[0], range);
+        // What a browser says that has no title to show.
+        return std::holds_alternative<MissingValue>(title) ? ScriptValue(std::string())
+                                                           : std::move(title);
+      }
       case ScriptOperator::tabs:
         return tabs(evaluateAs<WindowReference>(operands[0], "window"));
       case ScriptOperator::equal:

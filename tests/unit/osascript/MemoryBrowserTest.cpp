@@ -1,14 +1,49 @@
-// What the browser in memory can do beyond what every browser does.
+#include <memory>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/linux/osascript/MemoryBrowser.h"
+#include "tests/contract/BrowserModelContract.h"
 
 namespace talmo::test {
 namespace {
 
 using testing::ElementsAre;
+
+class MemoryBrowserWorld : public BrowserModelWorld {
+ public:
+  MemoryBrowser& browser() override { return browser_; }
+
+  void openWindow(const std::vector<std::string>& titles) override {
+    const std::string window = browser_.openWindow();
+    for (const std::string& title : titles) {
+      const std::string tab = browser_.openTab(window, address(title), title);
+      browser_.setJavaScriptResult(tab, title);
+    }
+  }
+  std::string address(const std::string& title) const override {
+    return "https://test.example/" + title;
+  }
+  void closeTab(const std::string& tab) override { browser_.closeTab(tab); }
+  bool isShown(const std::string& tab) override {
+    const auto windows = std::get<std::vector<BrowserWindow>>(browser_.windows());
+    for (const BrowserWindow& window : windows) {
+      if (browser_.shownTab(window.id) == tab) return true;
+    }
+    return false;
+  }
+  bool eventually(const std::function<bool()>& condition) override { return condition(); }
+
+ private:
+  MemoryBrowser browser_;
+};
+
+INSTANTIATE_TEST_SUITE_P(InMemory, BrowserModelContract,
+                         testing::Values([] { return std::make_unique<MemoryBrowserWorld>(); }),
+                         [](const auto&) { return "Browser"; });
+
+// What it can do beyond what every browser does.
 
 TEST(MemoryBrowser, WritesDownWhatWasDone) {
   MemoryBrowser browser;
