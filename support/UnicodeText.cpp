@@ -63,6 +63,15 @@ std::string UnicodeText::lowerCase(std::string_view text) {
   return lower;
 }
 
+std::string UnicodeText::caseFolded(std::string_view text) {
+  std::string folded;
+  icu::StringByteSink<std::string> sink(&folded);
+  UErrorCode status = U_ZERO_ERROR;
+  icu::CaseMap::utf8Fold(0, piece(text), sink, nullptr, status);
+  require(status);
+  return folded;
+}
+
 std::string UnicodeText::composed(std::string_view text) {
   std::string result;
   icu::StringByteSink<std::string> sink(&result);

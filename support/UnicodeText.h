@@ -19,6 +19,9 @@ class UnicodeText {
   /// In lower case, whatever the language; a sigma at the end of a word becomes a final one.
   static std::string lowerCase(std::string_view text);
 
+  /// For comparing without regard to case, and for nothing else.
+  static std::string caseFolded(std::string_view text);
+
   /// Letters and their marks composed as far as possible (normalization form C), so that texts
   /// that read the same are the same.
   static std::string composed(std::string_view text);

@@ -25,8 +25,12 @@ std::string MemoryBrowser::openTab(const std::string& window, std::optional<std:
 }
 
 void MemoryBrowser::closeTab(const std::string& tab) {
-  if (BrowserWindow* const window = windowWith(tab)) std::erase(window->tabs, tab);
   tabs_.erase(tab);
+  for (BrowserWindow& window : windows_) {
+    if (std::erase(window.tabs, tab) == 0 || !window.tabs.empty()) continue;
+    closeWindow(std::string(window.id));
+    return;
+  }
 }
 
 void MemoryBrowser::closeWindow(const std::string& window) {
@@ -140,8 +144,8 @@ void MemoryBrowser::noteRequest(const std::string& request) {
   if (onRequest_) onRequest_(request);
 }
 
-BrowserWindow* MemoryBrowser::windowWith(const std::string& tab) {
-  for (BrowserWindow& window : windows_) {
+const BrowserWindow* MemoryBrowser::windowWith(const std::string& tab) const {
+  for (const BrowserWindow& window : windows_) {
     if (std::ranges::find(window.tabs, tab) != window.tabs.end()) return &window;
   }
   return nullptr;

@@ -20,6 +20,7 @@ class MemoryBrowser : public BrowserModel {
   std::string openWindow();
   std::string openTab(const std::string& window, std::optional<std::string> url,
                       std::optional<std::string> title);
+  /// With its window, if that has no other.
   void closeTab(const std::string& tab);
   /// With its tabs.
   void closeWindow(const std::string& window);
@@ -64,7 +65,7 @@ class MemoryBrowser : public BrowserModel {
   };
 
   void noteRequest(const std::string& request);
-  BrowserWindow* windowWith(const std::string& tab);
+  const BrowserWindow* windowWith(const std::string& tab) const;
 
   int lastID_ = 0;
   std::vector<BrowserWindow> windows_;

@@ -222,8 +222,12 @@ class Run {
         return characterWithID(evaluateAs<std::int64_t>(operands[0], "integer"), range);
       case ScriptOperator::url:
         return read("URL", &BrowserModel::url, operands[0], range);
-      case ScriptOperator::title:
-        return read("title", &BrowserModel::title, operands[0], range);
+      case ScriptOperator::title: {
+        ScriptValue title = read("title", &BrowserModel::title, operands[0], range);
+        // What a browser says that has no title to show.
+        return std::holds_alternative<MissingValue>(title) ? ScriptValue(std::string())
+                                                           : std::move(title);
+      }
       case ScriptOperator::tabs:
         return tabs(evaluateAs<WindowReference>(operands[0], "window"));
       case ScriptOperator::equal:
@@ -283,8 +287,7 @@ class Run {
     if (tab == nullptr) {
       throw ScriptError::execution(ScriptError::noSuchObject, cannot(what), range);
     }
-    return textOrNothing(
-        answer((*tab->browser->model.*property)(tab->id), *tab->browser, what, range));
+    return textAnswer((*tab->browser->model.*property)(tab->id), *tab->browser, what, range);
   }
 
   static ScriptValue tabs(const WindowReference& reference) {
@@ -318,8 +321,8 @@ class Run {
                             const ScriptRange& range) {
     const auto source = evaluateAs<std::string>(operands[0], "Unicode text");
     const auto tab = evaluateAs<TabReference>(operands[1], "tab");
-    return textOrNothing(answer(tab.browser->model->runJavaScript(tab.id, source), *tab.browser,
-                                "get " + sourceText(tab), range));
+    return textAnswer(tab.browser->model->runJavaScript(tab.id, source), *tab.browser,
+                      "get " + sourceText(tab), range);
   }
 
   ScriptValue sum(const std::vector<ScriptExpression>& operands, const ScriptRange& range) {
@@ -342,7 +345,7 @@ class Run {
     auto text = evaluateAs<std::string>(operands[0], "Unicode text");
     for (std::size_t index = 1; index < operands.size(); ++index) {
       const std::string next = asText(evaluate(operands[index]), operands[index].range);
-      if (text.size() + next.size() > limits_.textSize) throw tooMuch(range);
+      checkSize(text.size() + next.size(), range);
       text += next;
     }
     return text;
@@ -355,11 +358,6 @@ class Run {
         std::holds_alternative<std::int64_t>(value) || std::holds_alternative<std::string>(value);
     if (!isPlain) throw wrongType(value, "Unicode text", range);
     return resultText(value);
-  }
-
-  static ScriptValue textOrNothing(std::optional<std::string> text) {
-    if (!text) return MissingValue();
-    return std::move(*text);
   }
 
   // Browsers.
@@ -382,6 +380,15 @@ class Run {
       throw failed(*failure, browser, what, range);
     }
     return std::move(std::get<Answer>(result));
+  }
+
+  ScriptValue textAnswer(BrowserResult<std::optional<std::string>> result,
+                         const ScriptedBrowser& browser, const std::string& what,
+                         const ScriptRange& range) const {
+    std::optional<std::string> text = answer(std::move(result), browser, what, range);
+    if (!text) return MissingValue();
+    checkSize(text->size(), range);
+    return std::move(*text);
   }
 
   static void check(const std::optional<BrowserFailure>& failure, const ScriptedBrowser& browser,
@@ -422,16 +429,21 @@ class Run {
 
   // Limits.
 
-  void spend(std::size_t steps, const ScriptRange& range) {
-    if (steps > limits_.steps - steps_) throw tooMuch(range);
-    steps_ += steps;
+  /// A `try` goes on after a text that is too long, so that one tab cannot spoil a scan.
+  void checkSize(std::size_t textSize, const ScriptRange& range) const {
+    if (textSize <= limits_.textSize) return;
+    throw ScriptError::execution(ScriptError::generalError, "The text is too long.", range);
   }
 
-  static ScriptError tooMuch(const ScriptRange& range) {
+  void spend(std::size_t steps, const ScriptRange& range) {
+    if (steps <= limits_.steps - steps_) {
+      steps_ += steps;
+      return;
+    }
     ScriptError error =
         ScriptError::execution(ScriptError::generalError, "The script does too much.", range);
     error.canBeCaught = false;
-    return error;
+    throw error;
   }
 
   const BrowserResolver& resolver_;

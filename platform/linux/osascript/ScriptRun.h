@@ -11,10 +11,11 @@
 
 namespace talmo {
 
-/// How much a run may cost before it is given up, whatever its script catches.
+/// How much a run may cost.
 struct ScriptLimits {
-  /// Statements and expressions, and 256 bytes that one of these handles count like one.
-  std::size_t steps = 1'000'000;
+  /// Statements and expressions, and 256 bytes that one of these handles count like one. A run that
+  /// needs more is given up, whatever its script catches.
+  std::size_t steps = 2'000'000;
   /// Bytes in a single text.
   std::size_t textSize = 16UL * 1024 * 1024;
 };

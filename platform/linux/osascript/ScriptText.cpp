@@ -1,15 +1,15 @@
 #include "platform/linux/osascript/ScriptText.h"
 
-#include <absl/strings/ascii.h>
 #include <string>
+
+#include "support/UnicodeText.h"
 
 namespace talmo {
 namespace {
 
 std::string comparable(std::string_view text, LetterCase letterCase) {
-  std::string result(text);
-  if (letterCase == LetterCase::ignored) absl::AsciiStrToLower(&result);
-  return result;
+  const std::string composed = UnicodeText::composed(text);
+  return letterCase == LetterCase::ignored ? UnicodeText::caseFolded(composed) : composed;
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 namespace talmo {
 
-/// Whether scripts take letters that differ in case only for the same. They do, but for blocks that
-/// are `considering case`.
+/// Whether scripts take letters that differ in case only for the same: they do, but for blocks that
+/// are `considering case`. How a letter with a mark is encoded never matters.
 enum class LetterCase { ignored, considered };
 
 bool scriptTextContains(std::string_view text, std::string_view part, LetterCase letterCase);
