@@ -1,21 +1,19 @@
 #include <string>
 
 #include "players/KeystrokeController.h"
-#include "tests/desktop/web/WebTest.h"
-#include "tests/support/FocusWindow.h"
-#include "tests/support/WaitUntil.h"
+#include "tests/desktop/web/WebComponentTest.h"
 #include "web/WebPlayerRegistry.h"
 
 namespace talmo::test {
 namespace {
 
 void post(const WebPlayerTarget& target) {
-  KeystrokeController::postKeyStroke(target.fallbackKey, WebTest::stage().browser().pid());
+  KeystrokeController::postKeyStroke(target.fallbackKey, WebComponentTest::stage().browser().pid());
 }
 
 }  // namespace
 
-TEST_F(WebTest, TheFallbackKeyTogglesThePageInFront) {
+TEST_F(WebComponentTest, TheFallbackKeyTogglesThePageInFront) {
   const ImitationPage video{.name = "video", .tracks = {"First light"}};
   stage().open(video, video.youTube());
   post(WebPlayerRegistry::youTube());

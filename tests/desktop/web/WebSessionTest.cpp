@@ -8,7 +8,7 @@
 
 #include "nowplaying/AudioActivity.h"
 #include "nowplaying/AudioActivityHold.h"
-#include "tests/desktop/web/WebTest.h"
+#include "tests/desktop/web/WebComponentTest.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -40,7 +40,7 @@ std::vector<std::string> heardPrograms(const PrivateDesktop& desktop) {
 
 }  // namespace
 
-TEST_F(WebTest, APageThatPlaysIsHeardUntilItCloses) {
+TEST_F(WebComponentTest, APageThatPlaysIsHeardUntilItCloses) {
   const auto heard = [] { return heardPrograms(stage().desktop()); };
   EXPECT_THAT(heard(), IsEmpty());
   stage().open(video, video.youTube());
@@ -50,7 +50,7 @@ TEST_F(WebTest, APageThatPlaysIsHeardUntilItCloses) {
   EXPECT_TRUE(waitUntil([&] { return heard().empty(); }, 30s, 50ms));
 }
 
-TEST_F(WebTest, APageThatPlaysIsTheBrowsersMediaSession) {
+TEST_F(WebComponentTest, APageThatPlaysIsTheBrowsersMediaSession) {
   stage().open(video, video.youTube());
   MprisClient& player = stage().session();
   ASSERT_TRUE(waitUntil([&] { return player.playbackStatus() == "Playing"; }, 30s));
@@ -58,13 +58,13 @@ TEST_F(WebTest, APageThatPlaysIsTheBrowsersMediaSession) {
   EXPECT_EQ(player.metadata("xesam:artist"), "Ada");
 }
 
-TEST_F(WebTest, TheHelperNamesTheBrowserAndWhatThePagePlays) {
+TEST_F(WebComponentTest, TheHelperNamesTheBrowserAndWhatThePagePlays) {
   stage().open(video, video.youTube());
   ASSERT_TRUE(runUntilSession("First light", true)) << seen();
   EXPECT_EQ(session()->artist, "Ada");
 }
 
-TEST_F(WebTest, CommandsReachTheHandlersOfThePagesMediaSession) {
+TEST_F(WebComponentTest, CommandsReachTheHandlersOfThePagesMediaSession) {
   stage().open(video, video.youTube());
   ASSERT_TRUE(runUntilSession("First light", true)) << seen();
   runOnQueue([] { AdapterNowPlaying::send(2); });
@@ -78,7 +78,7 @@ TEST_F(WebTest, CommandsReachTheHandlersOfThePagesMediaSession) {
   EXPECT_THAT(site().reports("video"), Contains("action previoustrack"));
 }
 
-TEST_F(WebTest, TheSessionIsThePagesThatStartedLast) {
+TEST_F(WebComponentTest, TheSessionIsThePagesThatStartedLast) {
   const ImitationPage song{
       .name = "song", .tracks = {"Night bus", "Day trip"}, .artist = "Grace", .plays = true};
   stage().open(video, video.youTube());
@@ -90,7 +90,7 @@ TEST_F(WebTest, TheSessionIsThePagesThatStartedLast) {
   EXPECT_THAT(site().reports("video"), Not(Contains("action nexttrack")));
 }
 
-TEST_F(WebTest, TitlesReachTheHelperAsTheyAre) {
+TEST_F(WebComponentTest, TitlesReachTheHelperAsTheyAre) {
   // What means something to a shell, to AppleScript, to JSON or to HTML, and what is not ASCII.
   const ImitationPage awkward{
       .name = "awkward",
@@ -108,7 +108,7 @@ TEST_F(WebTest, TitlesReachTheHelperAsTheyAre) {
   }
 }
 
-TEST_F(WebTest, AudioActivityHasTheBrowserWhileAPageSoundsAndForTheLinger) {
+TEST_F(WebComponentTest, AudioActivityHasTheBrowserWhileAPageSoundsAndForTheLinger) {
   const auto activity = AudioActivity::make();
   activity->startPolling();
   const auto sounds = [&] { return activity->activeBundleIDs().contains(chrome); };

@@ -1,5 +1,7 @@
 #include "tests/desktop/web/WebStage.h"
 
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include "tests/support/WaitUntil.h"
@@ -40,6 +42,18 @@ std::string WebStage::open(const ImitationPage& page, const std::string& address
   seen += "; reports:";
   for (const std::string& report : site_.reports(page.name)) seen += ' ' + report;
   throw std::runtime_error(seen);
+}
+
+void WebStage::becomeDefaultBrowser() const {
+  const std::filesystem::path folder = desktop_.dataFolder() / "applications";
+  std::filesystem::create_directories(folder);
+  std::ofstream entry(folder / "chromium.desktop");
+  entry << "[Desktop Entry]\nType=Application\nName=Chromium\n"
+        << "MimeType=x-scheme-handler/http;x-scheme-handler/https;\nExec=";
+  for (const std::string& argument : browser_.command()) entry << '"' << argument << "\" ";
+  entry << "%U\n";
+  std::ofstream(desktop_.configFolder() / "mimeapps.list")
+      << "[Default Applications]\nx-scheme-handler/https=chromium.desktop\n";
 }
 
 }  // namespace talmo::test

@@ -21,6 +21,9 @@ class WebStage {
   /// Opens the page in a tab and waits until it is shown, and plays when it is to. The tab's id.
   std::string open(const ImitationPage& page, const std::string& address);
 
+  /// Makes the browser the one that the desktop opens web pages with.
+  void becomeDefaultBrowser() const;
+
   const PrivateDesktop& desktop() const { return desktop_; }
   ImitationSite& site() { return site_; }
   ChromiumProcess& browser() { return browser_; }

@@ -1,32 +1,25 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "nowplaying/AdapterNowPlaying.h"
 #include "tests/desktop/PlatformOnDesktop.h"
-#include "tests/desktop/web/WebStage.h"
+#include "tests/desktop/web/WebStageTest.h"
 
 namespace talmo::test {
 
-/// Tests that share one browser, each of which begins with nothing in it; and the program's own
-/// components in the test's process, made afresh for each.
-class WebTest : public ::testing::Test {
- public:
-  static WebStage& stage() { return *stage_; }
-
+/// The program's own components in the test's process, made afresh for each test.
+class WebComponentTest : public WebStageTest {
  protected:
-  static void SetUpTestSuite();
-  static void TearDownTestSuite();
+  WebComponentTest();
+  ~WebComponentTest() override;
 
-  WebTest();
-  ~WebTest() override;
-
-  static ImitationSite& site() { return stage().site(); }
+  /// Makes them afresh, with another bundle than the one that was built.
+  void useBundle(const std::filesystem::path& folder);
 
   PlatformOnDesktop& platform() { return *platform_; }
 
@@ -44,8 +37,6 @@ class WebTest : public ::testing::Test {
   std::string seen() const;
 
  private:
-  static std::unique_ptr<WebStage> stage_;
-
   std::unique_ptr<PlatformOnDesktop> platform_;
   std::shared_ptr<AdapterNowPlaying> adapter_;
 };
