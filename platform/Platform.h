@@ -11,6 +11,7 @@
 #include "platform/KeyEvents.h"
 #include "platform/Log.h"
 #include "platform/MediaRemote.h"
+#include "platform/Network.h"
 #include "platform/Notifications.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -37,6 +38,7 @@ class Platform {
   virtual KeyEvents& keyEvents() = 0;
   virtual Log& log() = 0;
   virtual MediaRemote& mediaRemote() = 0;
+  virtual Network& network() = 0;
   virtual Notifications& notifications() = 0;
   virtual UserDefaults& userDefaults() = 0;
   virtual Workspace& workspace() = 0;

@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
+#include "platform/linux/network/LinuxNetwork.h"
 #include "platform/linux/processes/LinuxChildProcesses.h"
 #include "platform/linux/settings/LinuxUserDefaults.h"
 #include "platform/Platform.h"
@@ -38,6 +39,7 @@ class LinuxPlatform : public Platform {
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
   LinuxLog& log() override { return log_; }
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
+  LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
@@ -54,6 +56,7 @@ class LinuxPlatform : public Platform {
   LinuxAppleEvents appleEvents_;
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
+  LinuxNetwork network_;
   MainQueueNotifications notifications_;
   LinuxMediaRemote mediaRemote_;
 };

@@ -15,6 +15,7 @@
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
+#include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 #include "support/MainQueueNotifications.h"
@@ -57,6 +58,7 @@ class SimulatedPlatform : public Platform {
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
+  SimulatedNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
@@ -77,6 +79,7 @@ class SimulatedPlatform : public Platform {
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
+  SimulatedNetwork network_{*dispatch_};
   SimulatedWorkspace workspace_{applications_};
   MainQueueNotifications notifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};

@@ -23,6 +23,7 @@ class TestPlatform : public Platform {
     ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
     MediaRemote* mediaRemote = nullptr;
+    Network* network = nullptr;
     Notifications* notifications = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
@@ -46,6 +47,7 @@ class TestPlatform : public Platform {
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
+  Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
