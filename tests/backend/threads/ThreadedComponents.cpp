@@ -11,6 +11,9 @@
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
+#include "tests/component/WebPlayerControllerTest.h"
+#include "tests/component/WebTabDetectionTest.h"
+#include "tests/component/WebTabScannerTest.h"
 #include "tests/component/World.h"
 
 namespace talmo::test {
@@ -49,6 +52,9 @@ INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, WebTabDetectionTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, WebTabScannerTest, world);
 
 }  // namespace
 }  // namespace talmo::test

@@ -7,6 +7,9 @@
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/component/SystemNowPlayingTest.h"
+#include "tests/component/WebPlayerControllerTest.h"
+#include "tests/component/WebTabDetectionTest.h"
+#include "tests/component/WebTabScannerTest.h"
 
 namespace talmo::test {
 namespace {
@@ -25,6 +28,9 @@ INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, WebPlayerControllerTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, WebTabDetectionTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, WebTabScannerTest, worlds);
 
 }  // namespace
 }  // namespace talmo::test
