@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Accessibility.h"
 #include "platform/AppleEvents.h"
 #include "platform/AudioObjects.h"
 #include "platform/Bundle.h"
@@ -28,6 +29,7 @@ class Platform {
   Platform(const Platform&) = delete;
   Platform& operator=(const Platform&) = delete;
 
+  virtual Accessibility& accessibility() = 0;
   virtual AppleEvents& appleEvents() = 0;
   virtual AudioObjects& audioObjects() = 0;
   virtual Bundle& bundle() = 0;

@@ -7,6 +7,7 @@
 #include "platform/linux/audio/LinuxAudioObjects.h"
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "platform/linux/images/LinuxImageDecoder.h"
+#include "platform/linux/input/LinuxAccessibility.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/LinuxBundle.h"
@@ -29,6 +30,7 @@ class LinuxPlatform : public Platform {
   /// Waits for what runs on the queues.
   ~LinuxPlatform() override;
 
+  LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
@@ -53,6 +55,7 @@ class LinuxPlatform : public Platform {
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
+  LinuxAccessibility accessibility_;
   LinuxAppleEvents appleEvents_;
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/Platform.h"
+#include "platform/simulated/SimulatedAccessibility.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedAudioObjects.h"
@@ -48,6 +49,7 @@ class SimulatedPlatform : public Platform {
     setPlatform(nullptr);
   }
 
+  SimulatedAccessibility& accessibility() override { return accessibility_; }
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
   SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   SimulatedBundle& bundle() override { return bundle_; }
@@ -72,6 +74,7 @@ class SimulatedPlatform : public Platform {
   SimulatedLog log_;
   SimulatedUserDefaults userDefaults_;
   SimulatedApplications applications_;
+  SimulatedAccessibility accessibility_{applications_};
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
   SimulatedAudioObjects audioObjects_;
   SimulatedBundle bundle_;

@@ -14,6 +14,7 @@ namespace talmo::test {
 class TestPlatform : public Platform {
  public:
   struct Services {
+    Accessibility* accessibility = nullptr;
     AppleEvents* appleEvents = nullptr;
     AudioObjects* audioObjects = nullptr;
     Bundle* bundle = nullptr;
@@ -33,6 +34,7 @@ class TestPlatform : public Platform {
   explicit TestPlatform(const Services& services) : services_(services) { setPlatform(this); }
   ~TestPlatform() override { setPlatform(nullptr); }
 
+  Accessibility& accessibility() override { return lent(services_.accessibility, "accessibility"); }
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
   AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
