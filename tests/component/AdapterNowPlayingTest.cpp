@@ -13,6 +13,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 using Parameters = ChildProcessParameters;
 using Reason = ChildTermination::Reason;
@@ -286,9 +287,11 @@ TEST_P(AdapterNowPlayingTest, AnEndBySignal15IsNotLoggedAndOthersAre) {
   setAdapter(Script().exit(SIGTERM));
   adapter->start();
   ASSERT_TRUE(runUntil([&] { return log().size() >= 5; }));
-  EXPECT_THAT(log(), ElementsAre("adapter stream started", "adapter stream started",
-                                 "adapter stream ended (status 9)", "adapter stream started",
-                                 "adapter stream ended (status 15)"));
+  // A child that ends at once may be seen to end before the line of its start is written.
+  EXPECT_THAT(log(),
+              UnorderedElementsAre("adapter stream started", "adapter stream started",
+                                   "adapter stream ended (status 9)", "adapter stream started",
+                                   "adapter stream ended (status 15)"));
 }
 
 TEST_P(AdapterNowPlayingTest, AfterAnEndTheNextStreamBeginsFromNothing) {

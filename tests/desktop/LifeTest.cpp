@@ -55,6 +55,7 @@ TEST_F(Life, EndsInOrderAtATerminationSignalAndFreesTheKeys) {
   startTalmo("audacious");
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(player.waitForCommands(1)) << talmo_->log();
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
 
   talmo_->process().signal(SIGTERM);
   EXPECT_EQ(talmo_->process().waitForExit(20s), 0) << talmo_->log();
@@ -74,6 +75,8 @@ TEST_F(Life, FreesTheKeysWhenItIsKilled) {
   startTalmo("audacious");
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(talmo_->waitForLines("media key: next down")) << talmo_->log();
+  // What was typed after the key comes after its release, which nobody took otherwise.
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
   talmo_->process().signal(SIGKILL);
   EXPECT_EQ(talmo_->process().waitForExit(20s), -SIGKILL);
   EXPECT_TRUE(waitUntilFree("XF86AudioNext"));
