@@ -4,6 +4,7 @@
 
 #include "players/KeystrokeController.h"
 #include "players/ScriptingBridgeController.h"
+#include "web/WebPlayerController.h"
 
 namespace talmo {
 
@@ -11,10 +12,10 @@ std::shared_ptr<MusicAppController> ControllerFactory::controller(const TargetAp
   if (const auto* keyMap = std::get_if<KeyMap>(&app.method)) {
     return std::make_shared<KeystrokeController>(app, *keyMap);
   }
-  if (std::holds_alternative<ScriptingBridge>(app.method)) {
-    return std::make_shared<ScriptingBridgeController>(app);
+  if (const auto* target = std::get_if<WebPlayerTarget>(&app.method)) {
+    return std::make_shared<WebPlayerController>(app, *target);
   }
-  return nullptr;
+  return std::make_shared<ScriptingBridgeController>(app);
 }
 
 }  // namespace talmo

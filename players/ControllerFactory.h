@@ -11,7 +11,7 @@ class ControllerFactory {
  public:
   ControllerFactory() = delete;
 
-  /// A new controller; nothing for a web target, which no controller drives yet.
+  /// A new controller, never nothing.
   static std::shared_ptr<MusicAppController> controller(const TargetApp& app);
 };
 

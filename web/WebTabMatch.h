@@ -15,6 +15,9 @@ struct WebTabMatch {
   std::string title;
 
   bool operator==(const WebTabMatch&) const = default;
+
+  /// Whether the browser that held the tab runs, as of now. Any thread.
+  bool isBrowserRunning() const;
 };
 
 }  // namespace talmo

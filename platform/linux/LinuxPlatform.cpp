@@ -7,7 +7,8 @@
 namespace talmo {
 
 LinuxPlatform::LinuxPlatform(std::filesystem::path bundleFolder)
-    : bundle_(std::move(bundleFolder)),
+    : bundle_(bundleFolder),
+      childProcesses_(std::move(bundleFolder)),
       userDefaults_(LinuxUserDefaults::standardFile()),
       keyEvents_(LinuxApplications::strokeException),
       appleEvents_(bundle_.resourcePath("browser-consent", "html").value_or("")),

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -11,7 +10,6 @@
 
 #include "nowplaying/AudioActivity.h"
 #include "nowplaying/SystemNowPlaying.h"
-#include "platform/Platform.h"
 #include "tests/support/DesktopPlayer.h"
 #include "tests/support/Tunes.h"
 
@@ -37,29 +35,16 @@ NowPlayingTest::NowPlayingTest()
     : bundleFolder_(std::filesystem::path(TALMO_PROGRAM).parent_path()),
       tunes_(writeTunes(desktop_.folder() / "Tunes" / "Sine waves")) {
   writeCover(tunes_.front().parent_path());
-  for (const auto& [name, value] : desktop_.environment()) {
-    ::setenv(name.c_str(), value.c_str(), 1);
-  }
-  platform_ = std::make_unique<LinuxPlatform>(bundleFolder_);
-  setPlatform(platform_.get());
+  platform_ = std::make_unique<PlatformOnDesktop>(desktop_, bundleFolder_);
   adapter_ = AdapterNowPlaying::make();
 }
 
 NowPlayingTest::~NowPlayingTest() {
   adapter_ = nullptr;
-  platform_ = nullptr;
-  setPlatform(nullptr);
 }
 
 bool NowPlayingTest::runUntil(const std::function<bool()>& condition) {
-  LinuxDispatch& dispatch = platform_->dispatch();
-  const Uptime deadline = dispatch.uptime() + 30s;
-  while (!condition()) {
-    const Uptime now = dispatch.uptime();
-    if (now >= deadline) return false;
-    dispatch.serveMainQueueUntil(condition, now + 10ms);
-  }
-  return true;
+  return platform_->runUntil(condition);
 }
 
 bool NowPlayingTest::runUntilTrack(const std::string& bundleID, const std::string& title,
@@ -72,12 +57,7 @@ bool NowPlayingTest::runUntilTrack(const std::string& bundleID, const std::strin
 }
 
 void NowPlayingTest::runOnQueue(const std::function<void()>& work) {
-  bool isDone = false;
-  platform_->dispatch().globalQueue(QualityOfService::userInitiated).async([&] {
-    work();
-    platform_->dispatch().mainQueue().async([&] { isDone = true; });
-  });
-  ASSERT_TRUE(runUntil([&] { return isDone; }));
+  ASSERT_TRUE(platform_->runOnQueue(work));
 }
 
 std::vector<pid_t> NowPlayingTest::helpers() const {
@@ -206,10 +186,9 @@ TEST_F(NowPlayingTest, AHelperThatHangsCostsItsTimeoutAndIsEnded) {
   std::ofstream(folder / "resources" / "mediaremote-adapter.pl") << "sleep 600 while 1;\n";
   adapter_ = nullptr;
   platform_ = nullptr;
-  platform_ = std::make_unique<LinuxPlatform>(folder);
-  setPlatform(platform_.get());
+  platform_ = std::make_unique<PlatformOnDesktop>(desktop_, folder);
 
-  LinuxDispatch& dispatch = platform_->dispatch();
+  LinuxDispatch& dispatch = platform_->services().dispatch();
   for (const auto& [timeout, work] : std::vector<std::pair<Duration, std::function<void()>>>{
            {1500ms, [] { EXPECT_EQ(AdapterNowPlaying::getSync(), std::nullopt); }},
            {300ms, [] { AdapterNowPlaying::send(2, 300ms); }}}) {
@@ -254,10 +233,11 @@ TEST_F(NowPlayingTest, APausedPlayerFallsOutOfTheAudibleSetAfterTheLinger) {
   ASSERT_TRUE(runUntil(sounds));
   player->mpris().call("Pause");
   ASSERT_TRUE(player->waitForStatus("Paused"));
-  const Uptime paused = platform_->dispatch().uptime();
+  LinuxDispatch& dispatch = platform_->services().dispatch();
+  const Uptime paused = dispatch.uptime();
   ASSERT_TRUE(runUntil([&] { return !sounds(); }));
   // It was last observed at most one poll before it paused.
-  EXPECT_GE(platform_->dispatch().uptime() - paused, AudioActivityHold::defaultLinger - 2500ms);
+  EXPECT_GE(dispatch.uptime() - paused, AudioActivityHold::defaultLinger - 2500ms);
   player->mpris().call("Play");
   EXPECT_TRUE(runUntil(sounds));
   activity->stopPolling();

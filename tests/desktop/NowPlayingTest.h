@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "nowplaying/AdapterNowPlaying.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "tests/desktop/PlatformOnDesktop.h"
 #include "tests/support/PrivateDesktop.h"
 
 namespace talmo::test {
@@ -34,14 +34,13 @@ class NowPlayingTest : public ::testing::Test {
   /// The helpers that run now, by their process ids.
   std::vector<pid_t> helpers() const;
 
-  LinuxPlatform& platform() { return *platform_; }
   /// What the stream says, for a failure's message.
   std::string seen() const;
 
   const std::filesystem::path bundleFolder_;
   PrivateDesktop desktop_;
   std::vector<std::filesystem::path> tunes_;
-  std::unique_ptr<LinuxPlatform> platform_;
+  std::unique_ptr<PlatformOnDesktop> platform_;
   std::shared_ptr<AdapterNowPlaying> adapter_;
 };
 

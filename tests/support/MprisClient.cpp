@@ -1,6 +1,7 @@
 #include "tests/support/MprisClient.h"
 
 #include <cerrno>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -41,6 +42,19 @@ Message property(sd_bus* bus, const std::string& name, const char* property) {
   return ask(bus, name, "org.freedesktop.DBus.Properties", "Get", "ss", playerInterface, property);
 }
 
+/// The text that a variant holds, or the first one of its list; empty when it holds none.
+std::string firstText(sd_bus_message* message) {
+  const char* type = nullptr;
+  if (sd_bus_message_peek_type(message, nullptr, &type) <= 0 ||
+      sd_bus_message_enter_container(message, 'v', type) <= 0) {
+    return {};
+  }
+  if (std::string_view(type) == "as") sd_bus_message_enter_container(message, 'a', "s");
+  const char* text = nullptr;
+  if (sd_bus_message_read(message, "s", &text) <= 0) return {};
+  return text;
+}
+
 }  // namespace
 
 void MprisClient::CloseBus::operator()(sd_bus* bus) const {
@@ -68,20 +82,20 @@ std::string MprisClient::playbackStatus() {
 }
 
 std::string MprisClient::track() {
+  const std::string url = metadata("xesam:url");
+  return url.substr(url.rfind('/') + 1);
+}
+
+std::string MprisClient::metadata(const std::string& key) {
   const Message reply = property(bus_.get(), name_, "Metadata");
   if (!reply || sd_bus_message_enter_container(reply.get(), 'v', "a{sv}") <= 0 ||
       sd_bus_message_enter_container(reply.get(), 'a', "{sv}") <= 0) {
     return {};
   }
   while (sd_bus_message_enter_container(reply.get(), 'e', "sv") > 0) {
-    const char* key = nullptr;
-    if (sd_bus_message_read(reply.get(), "s", &key) <= 0) return {};
-    if (std::string_view(key) == "xesam:url") {
-      const char* url = nullptr;
-      if (sd_bus_message_read(reply.get(), "v", "s", &url) <= 0) return {};
-      const std::string_view text = url;
-      return std::string(text.substr(text.rfind('/') + 1));
-    }
+    const char* name = nullptr;
+    if (sd_bus_message_read(reply.get(), "s", &name) <= 0) return {};
+    if (name == key) return firstText(reply.get());
     if (sd_bus_message_skip(reply.get(), "v") < 0) return {};
     sd_bus_message_exit_container(reply.get());
   }

@@ -23,6 +23,10 @@ class MprisClient {
   /// The file name of the current track without its folder; empty when there is none.
   std::string track();
 
+  /// A text about the current track, "xesam:title" for one, the first of several; empty when there
+  /// is none.
+  std::string metadata(const std::string& key);
+
   /// Calls a method of the player without arguments, "Pause" for one. Whether it answered.
   bool call(const char* method);
 

@@ -2,12 +2,10 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdint>
 #include <fstream>
 #include <ios>
 #include <numbers>
 #include <stdexcept>
-#include <string>
 
 #include "tests/support/TestProcess.h"
 
@@ -16,7 +14,6 @@ namespace {
 
 constexpr std::uint32_t samplesPerSecond = 8000;
 constexpr std::uint32_t bytesPerSample = 2;
-constexpr std::uint32_t seconds = 300;
 
 template <typename Integer>
 void append(std::string& bytes, Integer value) {
@@ -25,8 +22,9 @@ void append(std::string& bytes, Integer value) {
   }
 }
 
-/// A RIFF/WAVE file: one channel of 16-bit little-endian samples.
-std::string wave(int hertz) {
+}  // namespace
+
+std::string tune(int hertz, std::uint32_t seconds) {
   // A second holds a whole number of periods, so the tone is one second over and over.
   std::string second;
   constexpr double amplitude = 600;  // of 32767: quiet
@@ -51,14 +49,13 @@ std::string wave(int hertz) {
   return bytes;
 }
 
-}  // namespace
-
 std::vector<std::filesystem::path> writeTunes(const std::filesystem::path& folder) {
+  constexpr std::uint32_t seconds = 300;
   std::filesystem::create_directories(folder);
   std::vector<std::filesystem::path> paths;
   for (const int hertz : {220, 330, 440}) {
     paths.push_back(folder / ("tune-" + std::to_string(paths.size() + 1) + ".wav"));
-    const std::string bytes = wave(hertz);
+    const std::string bytes = tune(hertz, seconds);
     std::ofstream file(paths.back(), std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();

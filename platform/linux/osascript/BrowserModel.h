@@ -23,7 +23,7 @@ class BrowserModel {
   /// The windows, frontmost first.
   virtual BrowserResult<std::vector<BrowserWindow>> windows() = 0;
 
-  /// The address that the tab shows now, and its title; none where it has none yet.
+  /// The address that the tab shows now, and its title; none where it has none.
   virtual BrowserResult<std::optional<std::string>> url(const std::string& tab) = 0;
   virtual BrowserResult<std::optional<std::string>> title(const std::string& tab) = 0;
 
@@ -34,7 +34,7 @@ class BrowserModel {
 
   /// Brings the browser before all other applications, with its windows in their order.
   virtual std::optional<BrowserFailure> activate() = 0;
-  /// Makes the tab the one that its window shows; does not bring the window to front.
+  /// Makes the tab the one that its window shows; the window may come to front with it.
   virtual std::optional<BrowserFailure> selectTab(const std::string& tab) = 0;
   /// Brings the window before the browser's other windows.
   virtual std::optional<BrowserFailure> bringToFront(const std::string& window) = 0;

@@ -10,6 +10,7 @@
 #include "platform/linux/processes/ChildLauncher.h"
 #include "platform/linux/processes/LinuxChild.h"
 #include "platform/linux/processes/LinuxOutputPipe.h"
+#include "platform/linux/processes/OwnExecutables.h"
 #include "support/Mutex.h"
 #include "support/MutexLock.h"
 #include "support/ThreadSafety.h"
@@ -98,7 +99,9 @@ class LinuxChildProcess : public ChildProcess {
 }  // namespace
 
 std::shared_ptr<ChildProcess> LinuxChildProcesses::make(const ChildProcessParameters& parameters) {
-  return std::make_shared<LinuxChildProcess>(watcher_, parameters);
+  ChildProcessParameters here = parameters;
+  here.executable = executableToStart(parameters.executable, bundleFolder_);
+  return std::make_shared<LinuxChildProcess>(watcher_, here);
 }
 
 }  // namespace talmo

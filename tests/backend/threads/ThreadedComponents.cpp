@@ -8,9 +8,13 @@
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
+#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
+#include "tests/component/WebPlayerControllerTest.h"
+#include "tests/component/WebTabDetectionTest.h"
+#include "tests/component/WebTabScannerTest.h"
 #include "tests/component/World.h"
 
 namespace talmo::test {
@@ -46,9 +50,13 @@ const auto world =
 INSTANTIATE_TEST_SUITE_P(Threads, AdapterNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, WebTabDetectionTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, WebTabScannerTest, world);
 
 }  // namespace
 }  // namespace talmo::test

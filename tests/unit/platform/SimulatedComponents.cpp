@@ -3,10 +3,14 @@
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
+#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/component/SystemNowPlayingTest.h"
+#include "tests/component/WebPlayerControllerTest.h"
+#include "tests/component/WebTabDetectionTest.h"
+#include "tests/component/WebTabScannerTest.h"
 
 namespace talmo::test {
 namespace {
@@ -22,9 +26,13 @@ const auto worlds =
 INSTANTIATE_TEST_SUITE_P(Simulated, AdapterNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, AutoRoutingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, WebPlayerControllerTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, WebTabDetectionTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, WebTabScannerTest, worlds);
 
 }  // namespace
 }  // namespace talmo::test

@@ -9,8 +9,10 @@
 #include "permissions/AutomationPermission.h"
 #include "players/ControllerFactory.h"
 #include "players/KeystrokeController.h"
+#include "players/ScriptingBridgeController.h"
 #include "players/TargetAppRegistry.h"
 #include "tests/component/SimulatedWorld.h"
+#include "web/WebPlayerController.h"
 
 namespace talmo {
 namespace {
@@ -52,9 +54,10 @@ class NativeControllersTest : public testing::Test {
 
 TEST_F(NativeControllersTest, EachControlMethodHasItsController) {
   EXPECT_TRUE(std::dynamic_pointer_cast<KeystrokeController>(controller("vlc")));
-  EXPECT_FALSE(std::dynamic_pointer_cast<KeystrokeController>(controller("spotify")));
   EXPECT_EQ(controller("spotify")->targetApp().id, "spotify");
-  EXPECT_EQ(controller("youtube-web"), nullptr);
+  EXPECT_TRUE(std::dynamic_pointer_cast<ScriptingBridgeController>(controller("spotify")));
+  EXPECT_TRUE(std::dynamic_pointer_cast<WebPlayerController>(controller("youtube-web")));
+  EXPECT_EQ(controller("youtube-web")->targetApp().id, "youtube-web");
 }
 
 TEST_F(NativeControllersTest, AScriptablePlayerGetsItsCommandsWithinTwoSeconds) {

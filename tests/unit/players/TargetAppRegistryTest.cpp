@@ -1,3 +1,4 @@
+#include <chrono>
 #include <variant>
 #include <vector>
 
@@ -6,6 +7,7 @@
 
 #include "players/MediaKey.h"
 #include "players/TargetAppRegistry.h"
+#include "tests/component/SimulatedBrowsers.h"
 #include "tests/component/SimulatedWorld.h"
 #include "web/WebPlayerRegistry.h"
 #include "web/WebTabDetection.h"
@@ -20,11 +22,19 @@ class TargetAppRegistryTest : public testing::Test {
   void install(const char* bundleID) {
     world_.machine().applications().install({bundleID, bundleID});
   }
-  static void openTab(const char* targetID, const char* browser) {
-    WebTabDetection::cache({{targetID, {.targetID = targetID, .browserBundleID = browser}}});
+  /// Scans a machine where a browser shows a page of that address.
+  void scan(const char* browser, const char* url) {
+    browsers_.setTabs(browser, {{url, "Title"}});
+    world_.machine().dispatch().globalQueue(QualityOfService::utility).async([] {
+      WebTabDetection::refreshMatches();
+    });
+    world_.time().run(std::chrono::seconds(1));
   }
 
+  static constexpr const char* safari = "com.apple.Safari";
+
   test::SimulatedWorld world_;
+  test::SimulatedBrowsers browsers_{world_.machine()};
 };
 
 KeyMap strokes(KeyStroke next, KeyStroke previous) {
@@ -94,8 +104,8 @@ TEST_F(TargetAppRegistryTest, TheDefaultIsTheFirstInstalledNativePlayer) {
 }
 
 TEST_F(TargetAppRegistryTest, TheDefaultIsNeverAWebPlayerEvenWithAnOpenTab) {
-  openTab("youtube-web", "com.apple.Safari");
-  world_.machine().applications().launch("com.apple.Safari");
+  browsers_.launch(safari, "Safari");
+  scan(safari, "https://www.youtube.com/watch?v=1");
 
   EXPECT_TRUE(TargetAppRegistry::app("youtube-web")->isInstalled());
   EXPECT_EQ(TargetAppRegistry::defaultInstalledID(), std::nullopt);
@@ -110,26 +120,27 @@ TEST_F(TargetAppRegistryTest, AWebTargetIsInstalledOnlyWhileOneOfItsTabsIsKnown)
   EXPECT_TRUE(youTube.isWeb());
   EXPECT_FALSE(youTube.isInstalled());
 
-  openTab("youtube-web", "com.apple.Safari");
+  browsers_.launch(safari, "Safari");
+  scan(safari, "https://www.youtube.com/watch?v=1");
   EXPECT_TRUE(youTube.isInstalled());
   EXPECT_FALSE(TargetAppRegistry::app("soundcloud-web")->isInstalled());
   EXPECT_EQ(youTube.applicationURL(), std::nullopt);
   EXPECT_EQ(youTube.bundleID, "");
 
-  WebTabDetection::cache({});
+  scan(safari, "https://www.youtube.com/");
   EXPECT_FALSE(youTube.isInstalled());
 }
 
 TEST_F(TargetAppRegistryTest, AWebTargetRunsInTheBrowserThatHostsItsTab) {
   const TargetApp youTube = *TargetAppRegistry::app("youtube-web");
-  openTab("youtube-web", "com.apple.Safari");
   EXPECT_EQ(youTube.runningApplication(), std::nullopt);
 
-  const ProcessIdentifier browser = world_.machine().applications().launch("com.apple.Safari");
+  const ProcessIdentifier browser = browsers_.launch(safari, "Safari");
+  scan(safari, "https://www.youtube.com/watch?v=1");
   ASSERT_TRUE(youTube.runningApplication());
   EXPECT_EQ(youTube.runningApplication()->processIdentifier, browser);
 
-  WebTabDetection::cache({});
+  world_.machine().applications().quit(browser);
   EXPECT_EQ(youTube.runningApplication(), std::nullopt);
 }
 

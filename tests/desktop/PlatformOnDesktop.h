@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "platform/linux/LinuxPlatform.h"
+#include "tests/support/PrivateDesktop.h"
+
+namespace talmo::test {
+
+/// The Linux backend in the test's own process, which works on a private desktop from then on. Main
+/// thread.
+class PlatformOnDesktop {
+ public:
+  PlatformOnDesktop(const PrivateDesktop& desktop, const std::filesystem::path& bundleFolder);
+  ~PlatformOnDesktop();
+  PlatformOnDesktop(const PlatformOnDesktop&) = delete;
+  PlatformOnDesktop& operator=(const PlatformOnDesktop&) = delete;
+
+  LinuxPlatform& services() { return *platform_; }
+
+  /// Serves the main queue until `condition` holds; false when it takes too long.
+  bool runUntil(const std::function<bool()>& condition);
+
+  /// Runs `work` on a queue and waits for it, as those ask who wait. False when it takes too long.
+  bool runOnQueue(const std::function<void()>& work);
+
+ private:
+  std::unique_ptr<LinuxPlatform> platform_;
+};
+
+}  // namespace talmo::test
