@@ -277,6 +277,7 @@ class Run {
 
   static ScriptValue tabs(const WindowReference& reference) {
     std::vector<TabReference> tabs;
+    tabs.reserve(reference.window.tabs.size());
     for (const std::string& id : reference.window.tabs) tabs.push_back({reference.browser, id});
     return tabs;
   }
