@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,8 +10,10 @@
 #include "platform/Queue.h"
 #include "players/MediaKey.h"
 #include "players/MusicAppController.h"
+#include "players/TargetApp.h"
 #include "support/Mutex.h"
 #include "support/ThreadSafety.h"
+#include "support/Time.h"
 
 namespace talmo {
 
@@ -43,6 +46,12 @@ class AppCoordinator : public MediaKeyTapDelegate,
   MediaKeyTap& tap() { return *tap_; }
 
  private:
+  /// What auto routing chose last, and when.
+  struct AutoResolution {
+    std::string id;
+    Uptime at;
+  };
+
   AppCoordinator();
 
   bool startTap();
@@ -50,6 +59,7 @@ class AppCoordinator : public MediaKeyTapDelegate,
 
   // Auto routing (AutoRouting.cpp). Command queue.
   std::shared_ptr<MusicAppController> autoController();
+  std::shared_ptr<MusicAppController> controllerFor(const TargetApp& app);
   void launchDefaultPlayer();
 
   const std::shared_ptr<MediaKeyTap> tap_;
@@ -58,6 +68,10 @@ class AppCoordinator : public MediaKeyTapDelegate,
   std::shared_ptr<MusicAppController> _activeController TALMO_GUARDED_BY(controllerLock_);
   std::optional<std::string> currentTargetID_;
   bool _isAutoRouting TALMO_GUARDED_BY(controllerLock_) = false;
+
+  // The command queue's. One controller per target for the whole run, none ever let go of.
+  std::map<std::string, std::shared_ptr<MusicAppController>> autoControllers_;
+  std::optional<AutoResolution> lastAutoResolution_;
 };
 
 }  // namespace talmo

@@ -13,7 +13,7 @@ namespace talmo {
 ///
 /// Called on background queues only, as both functions may wait for the application or the person:
 /// consent by `AutomationPermission`, scripting objects by the scriptable-player controller on the
-/// command queue.
+/// command queue and by the now-playing polls on theirs.
 class AppleEvents {
  public:
   virtual ~AppleEvents() = default;

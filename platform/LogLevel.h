@@ -3,6 +3,6 @@
 namespace talmo {
 
 /// The weight of a log line. A line without a level of its own is a `notice`.
-enum class LogLevel { info, notice, error };
+enum class LogLevel { debug, info, notice, error };
 
 }  // namespace talmo

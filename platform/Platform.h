@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Accessibility.h"
 #include "platform/AppleEvents.h"
 #include "platform/AudioObjects.h"
 #include "platform/Bundle.h"
@@ -11,6 +12,7 @@
 #include "platform/KeyEvents.h"
 #include "platform/Log.h"
 #include "platform/MediaRemote.h"
+#include "platform/Network.h"
 #include "platform/Notifications.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -27,6 +29,7 @@ class Platform {
   Platform(const Platform&) = delete;
   Platform& operator=(const Platform&) = delete;
 
+  virtual Accessibility& accessibility() = 0;
   virtual AppleEvents& appleEvents() = 0;
   virtual AudioObjects& audioObjects() = 0;
   virtual Bundle& bundle() = 0;
@@ -37,6 +40,7 @@ class Platform {
   virtual KeyEvents& keyEvents() = 0;
   virtual Log& log() = 0;
   virtual MediaRemote& mediaRemote() = 0;
+  virtual Network& network() = 0;
   virtual Notifications& notifications() = 0;
   virtual UserDefaults& userDefaults() = 0;
   virtual Workspace& workspace() = 0;

@@ -18,6 +18,12 @@ class Logger {
   constexpr explicit Logger(std::string_view category) : category_(category) {}
 
   template <class... Arguments>
+  void debug(std::type_identity_t<LogFormat<Arguments...>> format,
+             const Arguments&... arguments) const {
+    write(LogLevel::debug, format, arguments...);
+  }
+
+  template <class... Arguments>
   void info(std::type_identity_t<LogFormat<Arguments...>> format,
             const Arguments&... arguments) const {
     write(LogLevel::info, format, arguments...);

@@ -7,11 +7,13 @@
 #include "platform/linux/audio/LinuxAudioObjects.h"
 #include "platform/linux/dispatch/LinuxDispatch.h"
 #include "platform/linux/images/LinuxImageDecoder.h"
+#include "platform/linux/input/LinuxAccessibility.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
+#include "platform/linux/network/LinuxNetwork.h"
 #include "platform/linux/processes/LinuxChildProcesses.h"
 #include "platform/linux/settings/LinuxUserDefaults.h"
 #include "platform/Platform.h"
@@ -28,6 +30,7 @@ class LinuxPlatform : public Platform {
   /// Waits for what runs on the queues.
   ~LinuxPlatform() override;
 
+  LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
@@ -38,6 +41,7 @@ class LinuxPlatform : public Platform {
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
   LinuxLog& log() override { return log_; }
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
+  LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
@@ -51,9 +55,11 @@ class LinuxPlatform : public Platform {
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
+  LinuxAccessibility accessibility_;
   LinuxAppleEvents appleEvents_;
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
+  LinuxNetwork network_;
   MainQueueNotifications notifications_;
   LinuxMediaRemote mediaRemote_;
 };

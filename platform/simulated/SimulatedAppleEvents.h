@@ -51,17 +51,20 @@ class SimulatedAppleEvents : public AppleEvents {
 
   /// Every consent query so far, in order.
   std::vector<Query> queries() const;
-  /// How often the person was asked for consent, by a query or by a send.
+  /// How often the person was asked for consent, by a query, a send or a read.
   int prompts() const;
-  /// The time-out, in ticks, of every send so far.
+  /// The time-out, in ticks, of every send and read so far.
   std::vector<long> timeouts() const;
+  /// Every property that was read so far, in order.
+  std::vector<std::string> reads() const;
 
  private:
   class Object;
 
   std::int32_t consent(const std::string& bundleID, bool askUserIfNeeded);
-  std::optional<std::string> deliver(const std::string& bundleID, std::string_view selector,
-                                     long ticks);
+  /// Has the application take one event; what went wrong, or nothing.
+  std::optional<std::string> deliver(const std::string& bundleID, long ticks);
+  void recordRead(std::string_view property);
 
   Dispatch& dispatch_;
   SimulatedApplications& applications_;
@@ -73,6 +76,7 @@ class SimulatedAppleEvents : public AppleEvents {
   std::vector<Query> queries_ TALMO_GUARDED_BY(mutex_);
   int prompts_ TALMO_GUARDED_BY(mutex_) = 0;
   std::vector<long> timeouts_ TALMO_GUARDED_BY(mutex_);
+  std::vector<std::string> reads_ TALMO_GUARDED_BY(mutex_);
 };
 
 }  // namespace talmo

@@ -40,6 +40,7 @@ void SimulatedApplications::quit(ProcessIdentifier process) {
   std::erase_if(running_, [process](const RunningApplication& application) {
     return application.processIdentifier == process;
   });
+  windowTitles_.erase(process);
 }
 
 std::vector<RunningApplication> SimulatedApplications::running(const std::string& bundleID) const {
@@ -68,6 +69,45 @@ SimulatedApplications::Manner SimulatedApplications::manner(const std::string& b
   const MutexLock lock(mutex_);
   const auto found = manners_.find(bundleID);
   return found == manners_.end() ? Manner::answers : found->second;
+}
+
+void SimulatedApplications::setTrack(const std::string& bundleID,
+                                     const std::optional<Track>& track) {
+  const MutexLock lock(mutex_);
+  tracks_.erase(bundleID);
+  if (track) tracks_[bundleID] = *track;
+}
+
+std::optional<SimulatedApplications::Track> SimulatedApplications::track(
+    const std::string& bundleID) const {
+  const MutexLock lock(mutex_);
+  const auto found = tracks_.find(bundleID);
+  if (found == tracks_.end()) return std::nullopt;
+  return found->second;
+}
+
+void SimulatedApplications::setPlayerState(const std::string& bundleID, std::uint32_t state) {
+  const MutexLock lock(mutex_);
+  playerStates_[bundleID] = state;
+}
+
+std::uint32_t SimulatedApplications::playerState(const std::string& bundleID) const {
+  constexpr std::uint32_t stopped = 0x6B505353;  // 'kPSS'
+  const MutexLock lock(mutex_);
+  const auto found = playerStates_.find(bundleID);
+  return found == playerStates_.end() ? stopped : found->second;
+}
+
+void SimulatedApplications::setWindowTitles(ProcessIdentifier process,
+                                            const std::vector<std::string>& titles) {
+  const MutexLock lock(mutex_);
+  windowTitles_[process] = titles;
+}
+
+std::vector<std::string> SimulatedApplications::windowTitles(ProcessIdentifier process) const {
+  const MutexLock lock(mutex_);
+  const auto found = windowTitles_.find(process);
+  return found == windowTitles_.end() ? std::vector<std::string>{} : found->second;
 }
 
 void SimulatedApplications::setFrontmost(const std::optional<std::string>& bundleID) {

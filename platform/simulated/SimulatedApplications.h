@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "platform/Image.h"
 #include "platform/KeyboardEvent.h"
 #include "platform/RunningApplication.h"
 #include "support/Mutex.h"
@@ -28,6 +31,17 @@ class SimulatedApplications {
     bool isScriptable = true;
   };
 
+  /// What a running player tells of its current track.
+  struct Track {
+    std::optional<std::string> name = std::nullopt;
+    std::optional<std::string> artist = std::nullopt;
+    std::optional<std::string> artworkUrl = std::nullopt;
+    /// The data of its one artwork.
+    std::optional<Image> artwork = std::nullopt;
+    /// The properties of tracks and players that the player's dictionary lacks.
+    std::set<std::string, std::less<>> unsupported = {};
+  };
+
   void install(const Installed& application);
   void uninstall(const std::string& bundleID);
   std::optional<Installed> installed(const std::string& bundleID) const;
@@ -42,6 +56,19 @@ class SimulatedApplications {
 
   void setManner(const std::string& bundleID, Manner manner);
   Manner manner(const std::string& bundleID) const;
+
+  /// The current track of a player; at first there is none.
+  void setTrack(const std::string& bundleID, const std::optional<Track>& track);
+  std::optional<Track> track(const std::string& bundleID) const;
+
+  /// The four-character code of a player's state; stopped at first.
+  void setPlayerState(const std::string& bundleID, std::uint32_t state);
+  std::uint32_t playerState(const std::string& bundleID) const;
+
+  /// The titles of the windows of a process, front-most first; at first it has no window.
+  void setWindowTitles(ProcessIdentifier process, const std::vector<std::string>& titles);
+  /// Empty for a process that is not there.
+  std::vector<std::string> windowTitles(ProcessIdentifier process) const;
 
   void setFrontmost(const std::optional<std::string>& bundleID);
   std::optional<std::string> frontmost() const;
@@ -60,6 +87,9 @@ class SimulatedApplications {
   std::map<std::string, Installed> installed_ TALMO_GUARDED_BY(mutex_);
   std::vector<RunningApplication> running_ TALMO_GUARDED_BY(mutex_);
   std::map<std::string, Manner> manners_ TALMO_GUARDED_BY(mutex_);
+  std::map<std::string, Track> tracks_ TALMO_GUARDED_BY(mutex_);
+  std::map<std::string, std::uint32_t> playerStates_ TALMO_GUARDED_BY(mutex_);
+  std::map<ProcessIdentifier, std::vector<std::string>> windowTitles_ TALMO_GUARDED_BY(mutex_);
   std::map<std::string, std::vector<std::string>> commands_ TALMO_GUARDED_BY(mutex_);
   std::map<ProcessIdentifier, std::vector<KeyboardEvent>> keyboardEvents_ TALMO_GUARDED_BY(mutex_);
   std::optional<std::string> frontmost_ TALMO_GUARDED_BY(mutex_);

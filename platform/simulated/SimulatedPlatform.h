@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/Platform.h"
+#include "platform/simulated/SimulatedAccessibility.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedAudioObjects.h"
@@ -15,6 +16,7 @@
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
+#include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 #include "support/MainQueueNotifications.h"
@@ -47,6 +49,7 @@ class SimulatedPlatform : public Platform {
     setPlatform(nullptr);
   }
 
+  SimulatedAccessibility& accessibility() override { return accessibility_; }
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
   SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   SimulatedBundle& bundle() override { return bundle_; }
@@ -57,6 +60,7 @@ class SimulatedPlatform : public Platform {
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
+  SimulatedNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
@@ -70,6 +74,7 @@ class SimulatedPlatform : public Platform {
   SimulatedLog log_;
   SimulatedUserDefaults userDefaults_;
   SimulatedApplications applications_;
+  SimulatedAccessibility accessibility_{applications_};
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
   SimulatedAudioObjects audioObjects_;
   SimulatedBundle bundle_;
@@ -77,6 +82,7 @@ class SimulatedPlatform : public Platform {
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
+  SimulatedNetwork network_{*dispatch_};
   SimulatedWorkspace workspace_{applications_};
   MainQueueNotifications notifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};

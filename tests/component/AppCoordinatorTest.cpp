@@ -1,6 +1,5 @@
 #include "tests/component/AppCoordinatorTest.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -16,7 +15,6 @@ using namespace std::chrono_literals;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 using Manner = SimulatedApplications::Manner;
 
 constexpr std::int32_t playPause = 16;
@@ -122,22 +120,6 @@ TEST_P(AppCoordinatorTest, AFreshInstallIsInAutoModeAndConsumesBeforeAnythingPla
   }
   EXPECT_EQ(machine().eventTap().consumed().size(), 10U);
   EXPECT_THAT(machine().eventTap().passed(), IsEmpty());
-}
-
-TEST_P(AppCoordinatorTest, AutoModeLaunchesTheFirstInstalledPlayerOnPlayPauseAndDropsTheRest) {
-  machine().applications().install({vlc, "VLC"});
-  machine().applications().install({spotify, "Spotify"});
-  const auto coordinator = started("auto");
-
-  press(next);
-  press(previous);
-  press(playPause);
-
-  ASSERT_TRUE(runUntil([&] { return !machine().workspace().openedApplications().empty(); }));
-  EXPECT_THAT(machine().workspace().openedApplications(), ElementsAre(urlOf(spotify)));
-  const std::vector<std::string> lines = machine().log().messages("coordinator");
-  EXPECT_EQ(std::ranges::count(lines, "auto: nothing resolved"), 3);
-  EXPECT_EQ(lines.back(), "auto: nothing playing, launching Spotify");
 }
 
 TEST_P(AppCoordinatorTest, AChangedSelectionTakesEffectOnTheNextKey) {

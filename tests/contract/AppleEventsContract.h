@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -17,6 +18,7 @@ class AppleEventsContract
     : public testing::TestWithParam<std::function<std::unique_ptr<AppleEventsWorld>()>> {
  protected:
   using Manner = AppleEventsWorld::Manner;
+  using PlayerState = AppleEventsWorld::PlayerState;
 
   static constexpr const char* spotify = "com.spotify.client";
   static constexpr const char* rhythmbox = "org.gnome.Rhythmbox3";
@@ -30,6 +32,15 @@ class AppleEventsContract
 
   /// The scripting object of a player that exists, with a time-out of two seconds.
   std::unique_ptr<ScriptingObject> object(const std::string& bundleID);
+
+  /// The player's current track, which it has.
+  static std::shared_ptr<ScriptingObject> currentTrack(ScriptingObject& player);
+
+  /// The text that the property holds, if it holds one.
+  static std::optional<std::string> text(ScriptingObject& object, const char* property);
+
+  /// The code of the player's state, which it tells.
+  static std::uint32_t code(ScriptingObject& player);
 
  private:
   const std::unique_ptr<AppleEventsWorld> world_ = GetParam()();

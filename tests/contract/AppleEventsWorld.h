@@ -14,6 +14,15 @@ struct AppleEventsWorld {
   /// How a running player takes commands.
   enum class Manner { answers, fails, neverAnswers };
 
+  enum class PlayerState { stopped, paused, playing };
+
+  /// What is empty the track does not have.
+  struct Track {
+    std::string name;
+    std::string artist;
+    std::string artworkUrl;
+  };
+
   virtual ~AppleEventsWorld() = default;
 
   virtual AppleEvents& appleEvents() = 0;
@@ -30,7 +39,13 @@ struct AppleEventsWorld {
   /// What the player was told while it answered: the selector names, in order.
   virtual std::vector<std::string> received(const std::string& bundleID) = 0;
 
-  /// The clock by which the sends take their time.
+  /// Changes the current track of a running player; without a name it has none.
+  virtual void setTrack(const std::string& bundleID, const Track& track) = 0;
+
+  /// Changes what a running player does.
+  virtual void setPlayerState(const std::string& bundleID, PlayerState state) = 0;
+
+  /// The clock by which the sends and reads take their time.
   virtual Uptime now() = 0;
 };
 

@@ -38,6 +38,10 @@ class ChromiumProcess {
   void open(const std::string& address) const;
   void openWindow(const std::string& address) const;
 
+  /// The program with what every start needs, the profile included. With an address behind it, it
+  /// hands that over to the running browser.
+  std::vector<std::string> command() const;
+
   /// Asks it to end as at the end of a session, and waits until its process is gone.
   void quit() { process_->end(); }
 
@@ -50,8 +54,6 @@ class ChromiumProcess {
   const std::string& socketPath() const { return socketPath_; }
 
  private:
-  /// The program with what every start needs, the profile included.
-  std::vector<std::string> command() const;
   bool readSocket();
   bool hasLockedProfile() const;
   void handOver(const std::vector<std::string>& arguments) const;

@@ -18,9 +18,12 @@ constexpr std::string_view script = R"js('use strict';
 const query = new URLSearchParams(location.search);
 
 let reports = Promise.resolve();
+let isClosing = false;
+addEventListener('pagehide', () => { isClosing = true; });
 
 // One after another, so that they arrive in the order in which things happened.
 function report(page, event) {
+  if (isClosing) return;
   const send = () => fetch('/report?page=' + encodeURIComponent(page),
                            {method: 'POST', body: event, keepalive: true});
   reports = reports.then(send).catch(() => {});

@@ -14,6 +14,7 @@ namespace talmo::test {
 class TestPlatform : public Platform {
  public:
   struct Services {
+    Accessibility* accessibility = nullptr;
     AppleEvents* appleEvents = nullptr;
     AudioObjects* audioObjects = nullptr;
     Bundle* bundle = nullptr;
@@ -23,6 +24,7 @@ class TestPlatform : public Platform {
     ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
     MediaRemote* mediaRemote = nullptr;
+    Network* network = nullptr;
     Notifications* notifications = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
@@ -32,6 +34,7 @@ class TestPlatform : public Platform {
   explicit TestPlatform(const Services& services) : services_(services) { setPlatform(this); }
   ~TestPlatform() override { setPlatform(nullptr); }
 
+  Accessibility& accessibility() override { return lent(services_.accessibility, "accessibility"); }
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
   AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
@@ -46,6 +49,7 @@ class TestPlatform : public Platform {
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
+  Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }

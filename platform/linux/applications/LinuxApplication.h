@@ -23,8 +23,12 @@ struct LinuxApplication {
   /// The same for an application that is no player to be commanded, but shows the media session of
   /// what plays in it: a browser.
   std::vector<std::string_view> sessionNames;
-  /// File names of the programs that its processes run.
+  /// File names of the programs that its processes run; with the folder in front where the programs
+  /// of several applications have the same.
   std::vector<std::string_view> executables;
+  /// For a browser with a remote debugging socket: where each of the executables keeps its profile,
+  /// below the config folder.
+  std::vector<std::string_view> profileFolders;
   /// Both halves of WM_CLASS, in lower case.
   std::vector<std::string_view> windowClasses;
   std::vector<StrokeException> strokeExceptions;

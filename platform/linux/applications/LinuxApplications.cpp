@@ -103,14 +103,72 @@ std::vector<LinuxApplication> makeTable() {
        .playerNames = {"clementine"},
        .executables = {"clementine"},
        .windowClasses = {"clementine"}},
-      // No media player, whatever plays in it.
+      // No media players, whatever plays in them.
       {.bundleID = "com.google.Chrome",
        .displayName = "Google Chrome",
        .desktopIDs = {"google-chrome", "com.google.Chrome", "chromium", "chromium-browser",
                       "org.chromium.Chromium", "chromium_chromium"},
        .sessionNames = {"chrome", "chromium"},
        .executables = {"chrome", "chromium"},
+       .profileFolders = {"google-chrome", "chromium"},
        .windowClasses = {"google-chrome", "chromium", "chromium-browser"}},
+      {.bundleID = "com.google.Chrome.beta",
+       .displayName = "Google Chrome Beta",
+       .desktopIDs = {"google-chrome-beta"},
+       .executables = {"chrome-beta/chrome"},
+       .profileFolders = {"google-chrome-beta"},
+       .windowClasses = {"google-chrome-beta"}},
+      {.bundleID = "com.google.Chrome.dev",
+       .displayName = "Google Chrome Dev",
+       .desktopIDs = {"google-chrome-unstable", "com.google.ChromeDev"},
+       .executables = {"chrome-unstable/chrome"},
+       .profileFolders = {"google-chrome-unstable"},
+       .windowClasses = {"google-chrome-unstable"}},
+      {.bundleID = "com.brave.Browser",
+       .displayName = "Brave",
+       .desktopIDs = {"brave-browser", "com.brave.Browser", "brave_brave"},
+       .sessionNames = {"brave"},
+       .executables = {"brave"},
+       .profileFolders = {"BraveSoftware/Brave-Browser"},
+       .windowClasses = {"brave-browser"}},
+      {.bundleID = "com.brave.Browser.beta",
+       .displayName = "Brave Beta",
+       .desktopIDs = {"brave-browser-beta"},
+       .executables = {"brave-beta/brave"},
+       .profileFolders = {"BraveSoftware/Brave-Browser-Beta"},
+       .windowClasses = {"brave-browser-beta"}},
+      {.bundleID = "com.brave.Browser.nightly",
+       .displayName = "Brave Nightly",
+       .desktopIDs = {"brave-browser-nightly"},
+       .executables = {"brave-nightly/brave"},
+       .profileFolders = {"BraveSoftware/Brave-Browser-Nightly"},
+       .windowClasses = {"brave-browser-nightly"}},
+      {.bundleID = "com.microsoft.edgemac",
+       .displayName = "Microsoft Edge",
+       .desktopIDs = {"microsoft-edge", "com.microsoft.Edge"},
+       .sessionNames = {"edge"},
+       .executables = {"msedge"},
+       .profileFolders = {"microsoft-edge"},
+       .windowClasses = {"microsoft-edge"}},
+      {.bundleID = "com.microsoft.edgemac.Beta",
+       .displayName = "Microsoft Edge Beta",
+       .desktopIDs = {"microsoft-edge-beta"},
+       .executables = {"msedge-beta/msedge"},
+       .profileFolders = {"microsoft-edge-beta"},
+       .windowClasses = {"microsoft-edge-beta"}},
+      {.bundleID = "com.vivaldi.Vivaldi",
+       .displayName = "Vivaldi",
+       .desktopIDs = {"vivaldi-stable", "com.vivaldi.Vivaldi"},
+       .sessionNames = {"vivaldi"},
+       .executables = {"vivaldi-bin"},
+       .profileFolders = {"vivaldi"},
+       .windowClasses = {"vivaldi-stable"}},
+      {.bundleID = "com.operasoftware.Opera",
+       .displayName = "Opera",
+       .desktopIDs = {"opera", "com.opera.Opera", "opera_opera"},
+       .executables = {"opera"},
+       .profileFolders = {"opera"},
+       .windowClasses = {"opera"}},
   };
 }
 
@@ -126,6 +184,12 @@ bool contains(const std::vector<std::string_view>& list, std::string_view text) 
   return std::ranges::find(list, text) != list.end();
 }
 
+bool isEndOfPath(std::string_view end, std::string_view path) {
+  if (!path.ends_with(end)) return false;
+  path.remove_suffix(end.size());
+  return path.empty() || path.ends_with('/');
+}
+
 template <class Condition>
 const LinuxApplication* find(Condition condition) {
   const std::vector<LinuxApplication>& all = LinuxApplications::all();
@@ -134,7 +198,9 @@ const LinuxApplication* find(Condition condition) {
 }
 
 bool isInstance(const LinuxApplication& application, ProcessIdentifier process) {
-  if (contains(application.executables, ProcessTable::executable(process))) return true;
+  if (LinuxApplications::withExecutable(ProcessTable::executable(process)) == &application) {
+    return true;
+  }
   const Uptime deadline = std::chrono::steady_clock::now() + 1s;
   const auto names = mprisNames(application, deadline);
   if (!names || names->empty()) return false;
@@ -159,7 +225,25 @@ const LinuxApplication* LinuxApplications::withWindowClass(std::string_view wind
 }
 
 const LinuxApplication* LinuxApplications::withExecutable(std::string_view executable) {
-  return find([&](const LinuxApplication& row) { return contains(row.executables, executable); });
+  const LinuxApplication* best = nullptr;
+  std::size_t bestLength = 0;
+  for (const LinuxApplication& row : all()) {
+    for (const std::string_view one : row.executables) {
+      // One with its folder is longer than the file name alone.
+      if (one.size() > bestLength && isEndOfPath(one, executable)) {
+        best = &row;
+        bestLength = one.size();
+      }
+    }
+  }
+  return best;
+}
+
+std::vector<ProcessIdentifier> LinuxApplications::processes(const LinuxApplication& application) {
+  std::vector<ProcessIdentifier> found = ProcessTable::running(
+      [&](std::string_view path) { return withExecutable(path) == &application; });
+  ProcessTable::sortByAge(found);
+  return found;
 }
 
 std::vector<LocalPlayer> LinuxApplications::localPlayers() {

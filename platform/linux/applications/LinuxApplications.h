@@ -26,8 +26,12 @@ class LinuxApplications {
   /// The application with a window of that class (either half of WM_CLASS, in any case).
   static const LinuxApplication* withWindowClass(std::string_view windowClass);
 
-  /// The application whose processes run a program of that file name.
+  /// The application whose processes run a program of that path, of which the file name alone may
+  /// be known.
   static const LinuxApplication* withExecutable(std::string_view executable);
+
+  /// The processes that run a program of the application, oldest first, without their helpers.
+  static std::vector<ProcessIdentifier> processes(const LinuxApplication& application);
 
   /// The scriptable players that exist on Linux only, in the order of the table.
   static std::vector<LocalPlayer> localPlayers();

@@ -3,20 +3,25 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 #include <systemd/sd-bus.h>
 
-#include "platform/linux/applications/BusCall.h"
-#include "platform/linux/applications/BusReply.h"
+#include "platform/linux/applications/LinuxScriptingTrack.h"
 #include "platform/linux/applications/MprisNames.h"
 #include "platform/linux/applications/SessionBus.h"
+#include "platform/linux/mediasession/PlayerProperties.h"
 
 namespace talmo {
 namespace {
 
 constexpr const char* objectPath = "/org/mpris/MediaPlayer2";
 constexpr const char* playerInterface = "org.mpris.MediaPlayer2.Player";
+constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
+
+constexpr std::string_view currentTrackProperty = "currentTrack";
+constexpr std::string_view playerStateProperty = "playerState";
 
 struct Command {
   std::string_view selector;
@@ -31,10 +36,27 @@ const Command* find(std::string_view selector) {
   return found == commands.end() ? nullptr : found;
 }
 
+bool isProperty(std::string_view selector) {
+  return selector == currentTrackProperty || selector == playerStateProperty;
+}
+
+/// As in the players' own scripting dictionaries.
+std::uint32_t codeOf(PlaybackStatus status) {
+  switch (status) {
+    case PlaybackStatus::playing:
+      return 0x6B505350;  // 'kPSP'
+    case PlaybackStatus::paused:
+      return 0x6B505370;  // 'kPSp'
+    case PlaybackStatus::stopped:
+      break;
+  }
+  return 0x6B505353;  // 'kPSS'
+}
+
 BusCall askStatus(const std::string& name) {
   return {.destination = name,
           .path = objectPath,
-          .interface = "org.freedesktop.DBus.Properties",
+          .interface = propertiesInterface,
           .member = "Get",
           .arguments = {playerInterface, "PlaybackStatus"}};
 }
@@ -66,34 +88,64 @@ void LinuxScriptingObject::setTimeout(long ticks) {
 }
 
 bool LinuxScriptingObject::respondsTo(std::string_view selector) const {
-  return find(selector) != nullptr;
+  return find(selector) != nullptr || isProperty(selector);
 }
 
 void LinuxScriptingObject::send(std::string_view selector) {
-  lastError_ = trySend(selector);
+  lastError_.reset();
+  const Command* command = find(selector);
+  if (command == nullptr) {
+    lastError_ = "unknown command " + std::string(selector);
+    return;
+  }
+  const Uptime start = std::chrono::steady_clock::now();
+  const std::optional<std::string> name = instance(start);
+  if (!name) return;
+  lastInstances_->set(application_.bundleID, *name);
+  call({.destination = *name,
+        .path = objectPath,
+        .interface = playerInterface,
+        .member = command->method},
+       start);
+}
+
+std::optional<ScriptingValue> LinuxScriptingObject::read(std::string_view property) {
+  lastError_.reset();
+  if (!isProperty(property)) {
+    lastError_ = "unknown property " + std::string(property);
+    return std::nullopt;
+  }
+  const Uptime start = std::chrono::steady_clock::now();
+  const std::optional<std::string> name = instance(start);
+  if (!name) return std::nullopt;
+  const BusReply reply = call({.destination = *name,
+                               .path = objectPath,
+                               .interface = propertiesInterface,
+                               .member = "GetAll",
+                               .arguments = {playerInterface}},
+                              start);
+  if (!reply.message) return std::nullopt;
+  PlayerState state = readPlayerProperties(reply.message.get());
+  if (property == playerStateProperty) return codeOf(state.status);
+  if (state.title.empty()) return std::nullopt;
+  return std::make_shared<LinuxScriptingTrack>(std::move(state));
 }
 
 std::optional<std::string> LinuxScriptingObject::lastError() const {
   return lastError_;
 }
 
-std::optional<std::string> LinuxScriptingObject::trySend(std::string_view selector) {
-  const Command* command = find(selector);
-  if (command == nullptr) return "unknown command " + std::string(selector);
-  const Uptime start = std::chrono::steady_clock::now();
-  const Uptime deadline = start + timeout_;
-  const std::optional<std::vector<std::string>> names = mprisNames(application_, deadline);
-  if (!names) return "the session bus does not answer";
-  if (names->empty()) return "it is not on the session bus";
-  const std::string name = chooseInstance(*names, start);
-  lastInstances_->set(application_.bundleID, name);
-  const BusReply reply = SessionBus::ofThisThread().call({.destination = name,
-                                                          .path = objectPath,
-                                                          .interface = playerInterface,
-                                                          .member = command->method},
-                                                         deadline);
-  if (reply.message) return std::nullopt;
-  return reply.isTimeout ? noAnswer() : reply.error;
+std::optional<std::string> LinuxScriptingObject::instance(Uptime start) {
+  const std::optional<std::vector<std::string>> names = mprisNames(application_, start + timeout_);
+  if (!names) {
+    lastError_ = "the session bus does not answer";
+    return std::nullopt;
+  }
+  if (names->empty()) {
+    lastError_ = "it is not on the session bus";
+    return std::nullopt;
+  }
+  return chooseInstance(*names, start);
 }
 
 std::string LinuxScriptingObject::chooseInstance(const std::vector<std::string>& names,
@@ -118,9 +170,15 @@ std::string LinuxScriptingObject::chooseInstance(const std::vector<std::string>&
   return names[chosen];
 }
 
-std::string LinuxScriptingObject::noAnswer() const {
-  const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(timeout_).count();
-  return "no answer within " + std::to_string(milliseconds) + " ms";
+BusReply LinuxScriptingObject::call(const BusCall& call, Uptime start) {
+  BusReply reply = SessionBus::ofThisThread().call(call, start + timeout_);
+  if (reply.isTimeout) {
+    const auto limit = std::chrono::duration_cast<std::chrono::milliseconds>(timeout_);
+    lastError_ = "no answer within " + std::to_string(limit.count()) + " ms";
+  } else if (!reply.message) {
+    lastError_ = reply.error;
+  }
+  return reply;
 }
 
 }  // namespace talmo

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/linux/applications/BusCall.h"
+#include "platform/linux/applications/BusReply.h"
 #include "platform/linux/applications/LastInstances.h"
 #include "platform/linux/applications/LinuxApplication.h"
 #include "platform/ScriptingObject.h"
@@ -25,14 +27,16 @@ class LinuxScriptingObject : public ScriptingObject {
   void setTimeout(long ticks) override;
   bool respondsTo(std::string_view selector) const override;
   void send(std::string_view selector) override;
+  std::optional<ScriptingValue> read(std::string_view property) override;
   std::optional<std::string> lastError() const override;
 
  private:
-  /// Sends to the right instance; what went wrong, or nothing.
-  std::optional<std::string> trySend(std::string_view selector);
+  /// The bus name of the instance that is meant; without one it says why in `lastError_`.
+  std::optional<std::string> instance(Uptime start);
   /// The instance that is meant. `names` is not empty.
   std::string chooseInstance(const std::vector<std::string>& names, Uptime start) const;
-  std::string noAnswer() const;
+  /// Waits for the reply; without one it says why in `lastError_`.
+  BusReply call(const BusCall& call, Uptime start);
 
   const LinuxApplication& application_;
   const std::shared_ptr<LastInstances> lastInstances_;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/linux/applications/LinuxWindow.h"
+#include "platform/ProcessIdentifier.h"
 
 namespace talmo {
 
@@ -15,6 +17,9 @@ class LinuxWindows {
   LinuxWindows() = delete;
 
   static std::vector<LinuxWindow> all();
+
+  /// The names of the process's windows, frontmost first, as UTF-8.
+  static std::vector<std::string> namesFrontToBack(ProcessIdentifier process);
 
   /// The window in front.
   static std::optional<LinuxWindow> active();

@@ -49,7 +49,7 @@ std::vector<ProcessIdentifier> processesOf(const LinuxApplication& application) 
   std::vector<ProcessIdentifier> processes =
       onTheBus(application, std::chrono::steady_clock::now() + 1s);
   if (processes.empty()) processes = withWindows(application);
-  if (processes.empty()) processes = ProcessTable::running(application.executables);
+  if (processes.empty()) return LinuxApplications::processes(application);
   ProcessTable::sortByAge(processes);
   return processes;
 }

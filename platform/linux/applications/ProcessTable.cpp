@@ -38,9 +38,19 @@ std::string contents(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-std::string_view fileName(std::string_view path) {
-  // npos + 1 is 0: a text without a slash is a file name.
-  return path.substr(path.rfind('/') + 1);
+/// Where a symbolic link leads; empty when that cannot be seen.
+std::string target(const std::string& link) {
+  std::array<char, PATH_MAX> bytes{};
+  const ssize_t length = ::readlink(link.c_str(), bytes.data(), bytes.size());
+  return length <= 0 ? std::string() : std::string(bytes.data(), static_cast<std::size_t>(length));
+}
+
+/// The texts of a file that ends each with a zero byte.
+std::vector<std::string> texts(const std::string& path) {
+  std::istringstream stream(contents(path));
+  std::vector<std::string> found;
+  for (std::string text; std::getline(stream, text, '\0');) found.push_back(text);
+  return found;
 }
 
 Status statusOf(ProcessIdentifier process) {
@@ -57,21 +67,16 @@ Status statusOf(ProcessIdentifier process) {
   return status;
 }
 
-bool contains(const std::vector<std::string_view>& names, std::string_view name) {
-  return !name.empty() && std::ranges::find(names, name) != names.end();
-}
-
-/// Whether the process calls itself by one of the names: the kernel's name for it, which for a
-/// script is the script's, or the first of its arguments.
-bool goesBy(ProcessIdentifier process, const std::vector<std::string_view>& names) {
+/// Whether the process calls itself by what is meant: the first of its arguments, or the kernel's
+/// name for it, which for a script is the script's.
+bool goesBy(ProcessIdentifier process, const std::function<bool(std::string_view)>& meant) {
   // Empty for a process that has ended and whose parent has not asked for its status yet.
-  const std::string arguments = contents(pathOf(process, "cmdline"));
+  const std::vector<std::string> arguments = ProcessTable::arguments(process);
   if (arguments.empty()) return false;
-  if (contains(names, fileName(std::string_view(arguments).substr(0, arguments.find('\0')))))
-    return true;
+  if (meant(arguments.front())) return true;
   std::string name = contents(pathOf(process, "comm"));
   if (name.ends_with('\n')) name.pop_back();
-  return contains(names, name);
+  return meant(name);
 }
 
 std::vector<ProcessIdentifier> processesOfThisUser() {
@@ -93,14 +98,33 @@ std::vector<ProcessIdentifier> processesOfThisUser() {
 }  // namespace
 
 std::string ProcessTable::executable(ProcessIdentifier process) {
-  std::array<char, PATH_MAX> target{};
-  const ssize_t length = ::readlink(pathOf(process, "exe").c_str(), target.data(), target.size());
-  if (length <= 0) return {};
-  std::string_view path(target.data(), static_cast<std::size_t>(length));
+  std::string path = target(pathOf(process, "exe"));
   // What the kernel adds when the file was replaced, by an update for one.
   constexpr std::string_view deleted = " (deleted)";
-  if (path.ends_with(deleted)) path.remove_suffix(deleted.size());
-  return std::string(fileName(path));
+  if (path.ends_with(deleted)) path.resize(path.size() - deleted.size());
+  return path;
+}
+
+std::vector<std::string> ProcessTable::arguments(ProcessIdentifier process) {
+  std::vector<std::string> found = texts(pathOf(process, "cmdline"));
+  // A process that writes over its command line leaves the rest of it empty.
+  while (!found.empty() && found.back().empty()) found.pop_back();
+  return found;
+}
+
+std::optional<std::string> ProcessTable::environment(ProcessIdentifier process,
+                                                     std::string_view name) {
+  for (const std::string& entry : texts(pathOf(process, "environ"))) {
+    const std::size_t end = entry.find('=');
+    if (end != std::string::npos && std::string_view(entry).substr(0, end) == name) {
+      return entry.substr(end + 1);
+    }
+  }
+  return std::nullopt;
+}
+
+std::string ProcessTable::workingFolder(ProcessIdentifier process) {
+  return target(pathOf(process, "cwd"));
 }
 
 bool ProcessTable::isOurs(ProcessIdentifier process) {
@@ -113,15 +137,15 @@ ProcessIdentifier ProcessTable::parent(ProcessIdentifier process) {
   return statusOf(process).parent;
 }
 
-std::vector<ProcessIdentifier> ProcessTable::running(const std::vector<std::string_view>& names) {
+std::vector<ProcessIdentifier> ProcessTable::running(
+    const std::function<bool(std::string_view path)>& meant) {
   const std::vector<ProcessIdentifier> all = processesOfThisUser();
   std::vector<ProcessIdentifier> found;
-  std::ranges::copy_if(all, std::back_inserter(found), [&](ProcessIdentifier process) {
-    return contains(names, executable(process));
-  });
+  std::ranges::copy_if(all, std::back_inserter(found),
+                       [&](ProcessIdentifier process) { return meant(executable(process)); });
   if (found.empty()) {
     std::ranges::copy_if(all, std::back_inserter(found),
-                         [&](ProcessIdentifier process) { return goesBy(process, names); });
+                         [&](ProcessIdentifier process) { return goesBy(process, meant); });
   }
   std::vector<ProcessIdentifier> leaders;
   std::ranges::copy_if(found, std::back_inserter(leaders), [&](ProcessIdentifier process) {

@@ -6,43 +6,11 @@
 #include <tuple>
 #include <vector>
 
+#include "platform/linux/input/XProcessWindows.h"
 #include "platform/linux/x11/XReply.h"
 
 namespace talmo {
 namespace {
-
-/// Below the root there are frames of the window manager and in them the programs' windows; what is
-/// deeper is their own.
-constexpr int searchDepth = 3;
-
-bool belongsTo(XConnection& connection, xcb_window_t window, ProcessIdentifier process) {
-  const std::vector<std::uint32_t> pid = connection.cardinals(window, "_NET_WM_PID");
-  return !pid.empty() && pid.front() == static_cast<std::uint32_t>(process);
-}
-
-void addBelow(XConnection& connection, xcb_window_t parent, ProcessIdentifier process, int depth,
-              std::vector<xcb_window_t>& found) {
-  for (const xcb_window_t window : connection.children(parent)) {
-    if (belongsTo(connection, window, process)) {
-      found.push_back(window);
-    } else if (depth > 1) {
-      addBelow(connection, window, process, depth - 1, found);
-    }
-  }
-}
-
-/// The top-level windows of the process, from the one used longest ago to the one used last.
-std::vector<xcb_window_t> windowsOf(XConnection& connection, ProcessIdentifier process) {
-  std::vector<xcb_window_t> found;
-  for (const std::string list : {"_NET_CLIENT_LIST_STACKING", "_NET_CLIENT_LIST"}) {
-    for (const xcb_window_t window : connection.windows(connection.root(), list)) {
-      if (belongsTo(connection, window, process)) found.push_back(window);
-    }
-    if (!found.empty()) return found;
-  }
-  addBelow(connection, connection.root(), process, searchDepth, found);
-  return found;
-}
 
 bool isNormal(XConnection& connection, xcb_window_t window) {
   const std::vector<xcb_atom_t> types = connection.atoms(window, "_NET_WM_WINDOW_TYPE");
@@ -71,7 +39,7 @@ std::uint32_t area(const XConnection& connection, xcb_window_t window) {
 xcb_window_t mainWindowOfProcess(XConnection& connection, ProcessIdentifier process) {
   xcb_window_t best = XCB_WINDOW_NONE;
   std::tuple<bool, bool, std::uint32_t> bestRank;
-  for (const xcb_window_t window : windowsOf(connection, process)) {
+  for (const xcb_window_t window : windowsOfProcess(connection, process)) {
     const std::tuple rank{isShown(connection, window), isNormal(connection, window),
                           area(connection, window)};
     if (best != XCB_WINDOW_NONE && rank < bestRank) continue;

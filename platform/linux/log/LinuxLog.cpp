@@ -22,6 +22,8 @@ namespace {
 
 std::string_view name(LogLevel level) {
   switch (level) {
+    case LogLevel::debug:
+      return "debug";
     case LogLevel::info:
       return "info";
     case LogLevel::notice:
@@ -34,6 +36,8 @@ std::string_view name(LogLevel level) {
 
 int priority(LogLevel level) {
   switch (level) {
+    case LogLevel::debug:
+      return LOG_DEBUG;
     case LogLevel::info:
       return LOG_INFO;
     case LogLevel::notice:

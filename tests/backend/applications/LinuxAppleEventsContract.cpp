@@ -55,6 +55,18 @@ class LinuxAppleEventsWorld : public AppleEventsWorld {
     return record.received;
   }
 
+  void setTrack(const std::string& bundleID, const Track& track) override {
+    FakeTrack shown{.title = track.name, .artUrl = track.artworkUrl};
+    if (!track.artist.empty()) shown.artists = {track.artist};
+    records_[bundleID].player->setTrack(shown);
+  }
+
+  void setPlayerState(const std::string& bundleID, PlayerState state) override {
+    records_[bundleID].player->setPlaybackStatus(state == PlayerState::playing  ? "Playing"
+                                                 : state == PlayerState::paused ? "Paused"
+                                                                                : "Stopped");
+  }
+
   Uptime now() override { return std::chrono::steady_clock::now(); }
 
  private:

@@ -119,7 +119,7 @@ TEST_F(LinuxWorkspaceTest, AnInstanceIsFoundByItsProgram) {
   EXPECT_EQ(processes(strawberry), (Processes{first.pid(), second.pid()}));
   // An update has replaced the program meanwhile.
   std::filesystem::remove(program);
-  EXPECT_EQ(ProcessTable::executable(first.pid()), "strawberry");
+  EXPECT_EQ(ProcessTable::executable(first.pid()), program);
   EXPECT_EQ(processes(strawberry), (Processes{first.pid(), second.pid()}));
 }
 

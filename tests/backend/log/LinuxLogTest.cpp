@@ -60,11 +60,13 @@ TEST_F(LinuxLogTest, LineHasTimeLevelCategoryAndMessage) {
 
 TEST_F(LinuxLogTest, LevelsAreNamed) {
   LinuxLog log(writing_.get());
+  log.write(LogLevel::debug, "s", "c", "0");
   log.write(LogLevel::info, "s", "c", "1");
   log.write(LogLevel::notice, "s", "c", "2");
   log.write(LogLevel::error, "s", "c", "3");
-  EXPECT_THAT(output(), MatchesRegex(".{12} info \\[c\\] 1\n.{12} notice \\[c\\] 2\n"
-                                     ".{12} error \\[c\\] 3\n"));
+  EXPECT_THAT(output(),
+              MatchesRegex(".{12} debug \\[c\\] 0\n.{12} info \\[c\\] 1\n.{12} notice \\[c\\] 2\n"
+                           ".{12} error \\[c\\] 3\n"));
 }
 
 TEST_F(LinuxLogTest, MessageOfSeveralLinesStaysOneLine) {
@@ -155,6 +157,7 @@ TEST(LinuxLog, JournalEntryHasFieldsOfItsOwn) {
                           "TALMO_SUBSYSTEM=nl.brelm.Talmo", "TALMO_CATEGORY=web-tab"));
   EXPECT_EQ(LinuxLog::journalFields(LogLevel::notice, "s", "c", "m")[1], "PRIORITY=5");
   EXPECT_EQ(LinuxLog::journalFields(LogLevel::info, "s", "c", "m")[1], "PRIORITY=6");
+  EXPECT_EQ(LinuxLog::journalFields(LogLevel::debug, "s", "c", "m")[1], "PRIORITY=7");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
+#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
@@ -49,6 +50,7 @@ const auto world =
 INSTANTIATE_TEST_SUITE_P(Threads, AdapterNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);

@@ -8,7 +8,7 @@
 
 #include "nowplaying/AudioActivity.h"
 #include "nowplaying/AudioActivityHold.h"
-#include "tests/desktop/web/WebTest.h"
+#include "tests/desktop/web/WebComponentTest.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -17,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::Contains;
 using testing::IsEmpty;
+using testing::Not;
 
 constexpr auto chrome = "com.google.Chrome";
 
@@ -39,32 +40,32 @@ std::vector<std::string> heardPrograms(const PrivateDesktop& desktop) {
 
 }  // namespace
 
-TEST_F(WebTest, APageThatPlaysIsHeardUntilItCloses) {
+TEST_F(WebComponentTest, APageThatPlaysIsHeardUntilItCloses) {
   const auto heard = [] { return heardPrograms(stage().desktop()); };
   EXPECT_THAT(heard(), IsEmpty());
-  stage().play(video, video.youTube());
+  stage().open(video, video.youTube());
   EXPECT_TRUE(
       waitUntil([&] { return heard() == std::vector<std::string>{"chromium"}; }, 30s, 50ms));
   stage().tabs().clear();
   EXPECT_TRUE(waitUntil([&] { return heard().empty(); }, 30s, 50ms));
 }
 
-TEST_F(WebTest, APageThatPlaysIsTheBrowsersMediaSession) {
-  stage().play(video, video.youTube());
-  MprisClient& session = stage().session();
-  ASSERT_TRUE(waitUntil([&] { return session.playbackStatus() == "Playing"; }, 30s));
-  EXPECT_TRUE(waitUntil([&] { return session.metadata("xesam:title") == "First light"; }));
-  EXPECT_EQ(session.metadata("xesam:artist"), "Ada");
+TEST_F(WebComponentTest, APageThatPlaysIsTheBrowsersMediaSession) {
+  stage().open(video, video.youTube());
+  MprisClient& player = stage().session();
+  ASSERT_TRUE(waitUntil([&] { return player.playbackStatus() == "Playing"; }, 30s));
+  EXPECT_TRUE(waitUntil([&] { return player.metadata("xesam:title") == "First light"; }));
+  EXPECT_EQ(player.metadata("xesam:artist"), "Ada");
 }
 
-TEST_F(WebTest, TheHelperNamesTheBrowserAndWhatThePagePlays) {
-  stage().play(video, video.youTube());
+TEST_F(WebComponentTest, TheHelperNamesTheBrowserAndWhatThePagePlays) {
+  stage().open(video, video.youTube());
   ASSERT_TRUE(runUntilSession("First light", true)) << seen();
-  EXPECT_EQ(stage().adapter().snapshot()->artist, "Ada");
+  EXPECT_EQ(session()->artist, "Ada");
 }
 
-TEST_F(WebTest, CommandsReachTheHandlersOfThePagesMediaSession) {
-  stage().play(video, video.youTube());
+TEST_F(WebComponentTest, CommandsReachTheHandlersOfThePagesMediaSession) {
+  stage().open(video, video.youTube());
   ASSERT_TRUE(runUntilSession("First light", true)) << seen();
   runOnQueue([] { AdapterNowPlaying::send(2); });
   EXPECT_TRUE(runUntilSession("First light", false)) << seen();
@@ -77,13 +78,43 @@ TEST_F(WebTest, CommandsReachTheHandlersOfThePagesMediaSession) {
   EXPECT_THAT(site().reports("video"), Contains("action previoustrack"));
 }
 
-TEST_F(WebTest, AudioActivityHasTheBrowserWhileAPageSoundsAndForTheLinger) {
+TEST_F(WebComponentTest, TheSessionIsThePagesThatStartedLast) {
+  const ImitationPage song{
+      .name = "song", .tracks = {"Night bus", "Day trip"}, .artist = "Grace", .plays = true};
+  stage().open(video, video.youTube());
+  ASSERT_TRUE(runUntilSession("First light", true)) << seen();
+  stage().open(song, song.soundCloud());
+  ASSERT_TRUE(runUntilSession("Night bus", true)) << seen();
+  runOnQueue([] { AdapterNowPlaying::send(4); });
+  EXPECT_TRUE(runUntilSession("Day trip", true)) << seen();
+  EXPECT_THAT(site().reports("video"), Not(Contains("action nexttrack")));
+}
+
+TEST_F(WebComponentTest, TitlesReachTheHelperAsTheyAre) {
+  // What means something to a shell, to AppleScript, to JSON or to HTML, and what is not ASCII.
+  const ImitationPage awkward{
+      .name = "awkward",
+      .tracks = {R"(a "quoted" \ 'title' </script><b>)",
+                 "tab\tor\n"
+                 "\u0000 \x1b[31m",
+                 R"(" & (do shell script "touch pwned") & ")", "🎵 naïve İı"},
+      .artist = R"(A "B" \ C)",
+      .plays = true};
+  stage().open(awkward, awkward.youTube());
+  for (const std::string& title : awkward.tracks) {
+    ASSERT_TRUE(runUntilSession(title, true)) << title << ", but " << seen();
+    EXPECT_EQ(session()->artist, awkward.artist);
+    runOnQueue([] { AdapterNowPlaying::send(4); });
+  }
+}
+
+TEST_F(WebComponentTest, AudioActivityHasTheBrowserWhileAPageSoundsAndForTheLinger) {
   const auto activity = AudioActivity::make();
   activity->startPolling();
   const auto sounds = [&] { return activity->activeBundleIDs().contains(chrome); };
-  stage().play(video, video.youTube());
+  stage().open(video, video.youTube());
   ASSERT_TRUE(runUntil(sounds));
-  LinuxDispatch& dispatch = stage().platform().services().dispatch();
+  LinuxDispatch& dispatch = platform().services().dispatch();
   const Uptime closed = dispatch.uptime();
   // A page that pauses keeps its stream for some ten seconds; one that closes does not.
   stage().tabs().clear();

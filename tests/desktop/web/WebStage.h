@@ -1,10 +1,7 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
-#include "nowplaying/AdapterNowPlaying.h"
-#include "tests/desktop/PlatformOnDesktop.h"
 #include "tests/support/BrowserTabs.h"
 #include "tests/support/ChromiumProcess.h"
 #include "tests/support/ImitationSite.h"
@@ -13,20 +10,19 @@
 
 namespace talmo::test {
 
-/// A private desktop with a real Chromium that shows the imitated sites, and the program's own
-/// components in the test's process. Main thread.
+/// A private desktop with a real Chromium that shows the imitated sites.
 class WebStage {
  public:
   WebStage();
-  ~WebStage();
-  WebStage(const WebStage&) = delete;
-  WebStage& operator=(const WebStage&) = delete;
 
   /// As it was at the start: one blank tab, no reports, nothing that plays.
   void clear();
 
-  /// Opens the page, which plays, and waits until it does.
-  void play(const ImitationPage& page, const std::string& address);
+  /// Opens the page in a tab and waits until it is shown, and plays when it is to. The tab's id.
+  std::string open(const ImitationPage& page, const std::string& address);
+
+  /// Makes the browser the one that the desktop opens web pages with.
+  void becomeDefaultBrowser() const;
 
   const PrivateDesktop& desktop() const { return desktop_; }
   ImitationSite& site() { return site_; }
@@ -34,9 +30,6 @@ class WebStage {
   const BrowserTabs& tabs() const { return tabs_; }
   /// The browser's media session.
   MprisClient& session() { return session_; }
-  PlatformOnDesktop& platform() { return platform_; }
-  /// The stream runs from the start.
-  AdapterNowPlaying& adapter() { return *adapter_; }
 
  private:
   PrivateDesktop desktop_;
@@ -44,8 +37,6 @@ class WebStage {
   ChromiumProcess browser_;
   BrowserTabs tabs_;
   MprisClient session_;
-  PlatformOnDesktop platform_;
-  std::shared_ptr<AdapterNowPlaying> adapter_;
 };
 
 }  // namespace talmo::test

@@ -3,6 +3,7 @@
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
+#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/SimulatedWorld.h"
@@ -25,6 +26,7 @@ const auto worlds =
 INSTANTIATE_TEST_SUITE_P(Simulated, AdapterNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, AutoRoutingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);

@@ -11,6 +11,7 @@
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "tests/component/SimulatedWorld.h"
+#include "tests/contract/AccessibilityContract.h"
 #include "tests/contract/AppleEventsContract.h"
 #include "tests/contract/AudioObjectsContract.h"
 #include "tests/contract/DispatchContract.h"
@@ -122,6 +123,35 @@ class SimulatedKeyEventsWorld : public KeyEventsWorld {
   SimulatedWorld world_;
 };
 
+class SimulatedAccessibilityWorld : public AccessibilityWorld {
+ public:
+  Accessibility& accessibility() override { return world_.machine().accessibility(); }
+
+  ProcessIdentifier startApplication() override {
+    return applications().launch("nl.brelm.application");
+  }
+
+  void openWindow(ProcessIdentifier process, const std::string& title) override {
+    titles_[process].push_back(title);
+    applications().setWindowTitles(process, titles_[process]);
+  }
+
+  void retitle(ProcessIdentifier process, const std::string& title) override {
+    titles_.at(process).front() = title;
+    applications().setWindowTitles(process, titles_[process]);
+  }
+
+  void closeWindows(ProcessIdentifier process) override {
+    applications().setWindowTitles(process, {});
+  }
+
+ private:
+  SimulatedApplications& applications() { return world_.machine().applications(); }
+
+  SimulatedWorld world_;
+  std::map<ProcessIdentifier, std::vector<std::string>> titles_;
+};
+
 class SimulatedAppleEventsWorld : public AppleEventsWorld {
  public:
   AppleEvents& appleEvents() override { return world_.machine().appleEvents(); }
@@ -144,6 +174,25 @@ class SimulatedAppleEventsWorld : public AppleEventsWorld {
 
   std::vector<std::string> received(const std::string& bundleID) override {
     return applications().commands(bundleID);
+  }
+
+  void setTrack(const std::string& bundleID, const Track& track) override {
+    const auto orNothing = [](const std::string& text) {
+      return text.empty() ? std::nullopt : std::optional(text);
+    };
+    if (track.name.empty()) {
+      applications().setTrack(bundleID, std::nullopt);
+    } else {
+      applications().setTrack(bundleID, {{.name = track.name,
+                                          .artist = orNothing(track.artist),
+                                          .artworkUrl = orNothing(track.artworkUrl)}});
+    }
+  }
+
+  void setPlayerState(const std::string& bundleID, PlayerState state) override {
+    applications().setPlayerState(bundleID, state == PlayerState::playing  ? 0x6B505350
+                                            : state == PlayerState::paused ? 0x6B505370
+                                                                           : 0x6B505353);
   }
 
   Uptime now() override { return world_.time().uptime(); }
@@ -223,6 +272,10 @@ class SimulatedAudioObjectsWorld : public AudioObjectsWorld {
   std::map<Stream, AudioObjects::Object> objects_;
   Stream nextProcess_ = 500;
 };
+
+INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityContract, testing::Values([] {
+                           return std::make_unique<SimulatedAccessibilityWorld>();
+                         }));
 
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioObjectsContract, testing::Values([] {
                            return std::make_unique<SimulatedAudioObjectsWorld>();

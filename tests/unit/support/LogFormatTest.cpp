@@ -36,7 +36,9 @@ TEST_F(LogFormatTest, KeepsLevelsApart) {
   log.info("a");
   log.notice("b");
   log.error("c %{bool}d", false);
+  log.debug("d");
 
+  EXPECT_THAT(machine_.log().messages(LogLevel::debug), ElementsAre("d"));
   EXPECT_THAT(machine_.log().messages(LogLevel::info), ElementsAre("a"));
   EXPECT_THAT(machine_.log().messages(LogLevel::notice), ElementsAre("b"));
   EXPECT_THAT(machine_.log().messages(LogLevel::error), ElementsAre("c false"));
