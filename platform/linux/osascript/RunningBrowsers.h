@@ -7,7 +7,7 @@
 
 namespace talmo {
 
-/// The running browser with that bundle identifier; null when there is none that can be scripted.
+/// The browser with that bundle identifier; null when none runs that could have a debugging socket.
 std::shared_ptr<BrowserModel> runningBrowser(const std::string& bundleID);
 
 }  // namespace talmo
