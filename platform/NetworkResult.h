@@ -12,7 +12,7 @@ struct NetworkResult {
   /// The answer's HTTP status, whatever it says: a 404 is an answer, not an error.
   int status = 0;
   /// The answer's body as it was before any compression.
-  std::string body = {};
+  std::string body;
 
   bool operator==(const NetworkResult&) const = default;
 };

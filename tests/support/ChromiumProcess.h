@@ -37,6 +37,8 @@ class ChromiumProcess {
   /// window, and waits until it has taken the request. Throws when it does not.
   void open(const std::string& address) const;
   void openWindow(const std::string& address) const;
+  /// The same with several addresses, each in a tab of the new window.
+  void openWindow(const std::vector<std::string>& addresses) const;
 
   /// The program with what every start needs, the profile included. With an address behind it, it
   /// hands that over to the running browser.

@@ -7,7 +7,8 @@
 
 namespace talmo {
 
-/// The browser with that bundle identifier; null when none runs that could have a debugging socket.
+/// The running browser with that bundle identifier; null when there is none. One that does not let
+/// itself be scripted refuses what it is asked.
 std::shared_ptr<BrowserModel> runningBrowser(const std::string& bundleID);
 
 }  // namespace talmo

@@ -51,7 +51,7 @@ TEST_F(WebRoutesTest, WithoutATabThePlayersHomePageOpens) {
   expectLine("no YouTube tab; ignoring command");
   press(playKey);
   expectLine("no YouTube tab; opening https://www.youtube.com");
-  expectReport("www.youtube.com/", "visible");
+  expectReport("www.youtube.com/", "loads");
 }
 
 }  // namespace talmo::test
