@@ -17,6 +17,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
+/// Longer than what is done meanwhile takes on a busy machine.
+constexpr Duration late = 1500ms;
+
 }  // namespace
 
 TEST_P(NowPlayingTest, ATrackWithoutAnArtworkGetsTheCatalogues) {
@@ -173,7 +176,7 @@ TEST_P(NowPlayingTest, AnArtworkOfSpotifysThatCannotBeFetchedIsLogged) {
 }
 
 TEST_P(NowPlayingTest, AnAnswerForAnEarlierTrackIsNotShown) {
-  setCatalogue({{.title = "One", .width = 1, .delay = 100ms}});
+  setCatalogue({{.title = "One", .width = 1, .delay = late}});
   setTarget("vlc");
   launch(vlc);
   start();
@@ -181,7 +184,7 @@ TEST_P(NowPlayingTest, AnAnswerForAnEarlierTrackIsNotShown) {
   ASSERT_TRUE(runUntil([&] { return requests().size() == 1; }));
   stream(vlc, "Two");
   ASSERT_TRUE(runUntilShown("Two"));
-  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() == 1; }));
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 1; }));
   ASSERT_TRUE(world().runMainQueue());
   stream(vlc, "Three");
   ASSERT_TRUE(runUntilShown("Three"));
@@ -189,7 +192,7 @@ TEST_P(NowPlayingTest, AnAnswerForAnEarlierTrackIsNotShown) {
 }
 
 TEST_P(NowPlayingTest, AnswersOutOfOrderGoToTheirOwnTracks) {
-  setCatalogue({{.title = "One", .width = 1, .delay = 200ms}, {.title = "Two", .width = 2}});
+  setCatalogue({{.title = "One", .width = 1, .delay = late}, {.title = "Two", .width = 2}});
   setTarget("vlc");
   launch(vlc);
   start();
@@ -197,7 +200,7 @@ TEST_P(NowPlayingTest, AnswersOutOfOrderGoToTheirOwnTracks) {
   ASSERT_TRUE(runUntil([&] { return requests().size() == 1; }));
   stream(vlc, "Two");
   ASSERT_TRUE(runUntilShown("Two 2"));
-  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() == 2; }));
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 2; }));
   ASSERT_TRUE(world().runMainQueue());
   stream(vlc, "Three");
   ASSERT_TRUE(runUntilShown("Three"));
@@ -205,7 +208,7 @@ TEST_P(NowPlayingTest, AnswersOutOfOrderGoToTheirOwnTracks) {
 }
 
 TEST_P(NowPlayingTest, AnAnswerForAnEarlierTargetIsNotShown) {
-  setCatalogue({{.title = "Song", .width = 1, .delay = 100ms}});
+  setCatalogue({{.title = "Song", .width = 1, .delay = late}});
   setTarget("spotify");
   launch(spotify);
   launch(vlc);
@@ -214,27 +217,27 @@ TEST_P(NowPlayingTest, AnAnswerForAnEarlierTargetIsNotShown) {
   ASSERT_TRUE(runUntilShown("Song"));
   // The target is another one, and no poll has found that out.
   setTarget("vlc");
-  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() == 1; }));
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 1; }));
   ASSERT_TRUE(world().runMainQueue());
   EXPECT_EQ(shown(), "Song");
   EXPECT_THAT(history(), Not(Contains("Song 1")));
 }
 
 TEST_P(NowPlayingTest, AnAnswerAfterTheEndOfPollingIsNotShown) {
-  setCatalogue({{.title = "Song", .width = 1, .delay = 100ms}});
+  setCatalogue({{.title = "Song", .width = 1, .delay = late}});
   setTarget("vlc");
   launch(vlc);
   start();
   stream(vlc, "Song");
   ASSERT_TRUE(runUntil([&] { return requests().size() == 1; }));
   nowPlaying().stopPolling();
-  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() == 1; }));
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 1; }));
   ASSERT_TRUE(world().runMainQueue());
   EXPECT_EQ(shown(), "Song");
 }
 
 TEST_P(NowPlayingTest, ALateAnswerOfTidalsIsNeitherShownNorRemembered) {
-  setCatalogue({{.title = "One", .width = 1, .delay = 300ms}, {.title = "Two", .width = 2}});
+  setCatalogue({{.title = "One", .width = 1, .delay = late}, {.title = "Two", .width = 2}});
   setTarget("tidal");
   const ProcessIdentifier process = launch(tidal);
   machine().applications().setWindowTitles(process, {"One - Artist"});
@@ -245,12 +248,11 @@ TEST_P(NowPlayingTest, ALateAnswerOfTidalsIsNeitherShownNorRemembered) {
   ASSERT_TRUE(runUntilShown("Two 2 (paused)"));
   // The artwork of the first track is not at hand any more, so that it is late again.
   machine().applications().setWindowTitles(process, {"One - Artist"});
-  pokeTidal();
+  poke();
+  ASSERT_TRUE(runUntil([&] { return requests().size() == 5; }));
   machine().applications().setWindowTitles(process, {"Two - Artist"});
-  const std::size_t before = requests().size();
-  ASSERT_TRUE(runUntil([&] { return requests().size() > before || before == 5; }));
   pokeTidal();
-  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() == 3; }));
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 3; }));
   ASSERT_TRUE(world().runMainQueue());
   // What a poll without a track goes back to is the second track.
   machine().applications().setWindowTitles(process, {});
@@ -265,7 +267,7 @@ TEST_P(NowPlayingTest, TheSystemsAnswerForAnEarlierTargetIsNotShown) {
   setTarget("spotify");
   setSystem(launch(spotify), "Song");
   launch(vlc);
-  machine().mediaRemote().setAnswerDelay(100ms);
+  machine().mediaRemote().setAnswerDelay(500ms);
   start();
   ASSERT_TRUE(runUntil(
       [&] { return machine().mediaRemote().calls(SimulatedMediaRemote::infoFunction) == 1; }));
@@ -276,7 +278,7 @@ TEST_P(NowPlayingTest, TheSystemsAnswerForAnEarlierTargetIsNotShown) {
 }
 
 TEST_P(NowPlayingTest, WhatItAskedForMayBeAnsweredWhenItHasGone) {
-  setCatalogue({{.title = "Song", .width = 1, .delay = 100ms}});
+  setCatalogue({{.title = "Song", .width = 1, .delay = late}});
   setTarget("vlc");
   const ProcessIdentifier process = launch(vlc);
   setTarget("spotify");
@@ -292,7 +294,7 @@ TEST_P(NowPlayingTest, WhatItAskedForMayBeAnsweredWhenItHasGone) {
   drop();
   EXPECT_FALSE(machine().mediaRemote().isRegistered());
   setSystem(process, "Another");
-  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() == 1; }));
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 1; }));
   ASSERT_TRUE(world().runMainQueue());
   EXPECT_THAT(tracks(), ElementsAre("Song"));
 }
