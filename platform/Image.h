@@ -14,6 +14,12 @@ struct Image {
   /// Red, green, blue and alpha, a byte each, alpha not multiplied in; rows from the top, without
   /// padding. Never null.
   std::shared_ptr<const std::vector<std::uint8_t>> pixels;
+
+  /// Whether it is the same picture.
+  bool operator==(const Image& other) const {
+    return width == other.width && height == other.height &&
+           (pixels == other.pixels || *pixels == *other.pixels);
+  }
 };
 
 }  // namespace talmo

@@ -45,6 +45,11 @@ int SimulatedChild::terminates() const {
   return terminates_;
 }
 
+void SimulatedChild::say(const std::string& bytes) {
+  const MutexLock lock(mutex_);
+  write(pipe(Output::standardOutput), bytes);
+}
+
 void SimulatedChild::terminate() {
   const MutexLock lock(mutex_);
   if (!isRunning_) return;

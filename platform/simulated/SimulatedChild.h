@@ -40,6 +40,9 @@ class SimulatedChild : public std::enable_shared_from_this<SimulatedChild> {
   /// How often it was asked to end.
   int terminates() const;
 
+  /// Has it write to its standard output, while it runs and its script writes nothing. The bytes
+  /// fit into the pipe.
+  void say(const std::string& bytes);
   void terminate();
   /// Ends it, if it runs, whatever it would rather do.
   void end(ChildTermination termination);

@@ -89,6 +89,15 @@ std::vector<std::shared_ptr<SimulatedChild>> SimulatedChildProcesses::children()
   return children_;
 }
 
+void SimulatedChildProcesses::write(const std::string& lastArgument, const std::string& bytes) {
+  for (const std::shared_ptr<SimulatedChild>& child : children()) {
+    const std::vector<std::string>& arguments = child->parameters().arguments;
+    if (child->isRunning() && !arguments.empty() && arguments.back() == lastArgument) {
+      child->say(bytes);
+    }
+  }
+}
+
 std::vector<SimulatedChildProcesses::Launch> SimulatedChildProcesses::launches() const {
   std::vector<Launch> launches;
   for (const std::shared_ptr<SimulatedChild>& child : children()) {

@@ -36,6 +36,10 @@ class SimulatedChildProcesses : public ChildProcesses {
   /// Called on the launching thread.
   void setPrograms(Programs programs);
 
+  /// Has every running child that was started with this last argument write to its standard output;
+  /// see `SimulatedChild::say`.
+  void write(const std::string& lastArgument, const std::string& bytes);
+
   /// Every launch so far, in order, also those that failed.
   std::vector<Launch> launches() const;
 

@@ -50,11 +50,14 @@ struct SimulatedBrowsers::Programs {
   Mutex mutex;
   std::map<std::pair<std::string, Kind>, Script> scripts TALMO_GUARDED_BY(mutex);
   Script get TALMO_GUARDED_BY(mutex);
+  Script stream TALMO_GUARDED_BY(mutex);
 
   Script follow(const ChildProcessParameters& parameters) {
     const MutexLock lock(mutex);
     if (parameters.executable == "/usr/bin/perl") {
-      return adapterCommand(parameters) == "get" ? get : Script();
+      const std::string command = adapterCommand(parameters);
+      if (command == "stream") return stream;
+      return command == "get" ? get : Script();
     }
     if (!isOsascript(parameters)) return Script::launchFailure("no such program");
     const Kind kind = kindOf(parameters.arguments[1]);
@@ -104,6 +107,11 @@ void SimulatedBrowsers::setNoSession() {
 void SimulatedBrowsers::setGet(Script script) {
   const MutexLock lock(programs_->mutex);
   programs_->get = std::move(script);
+}
+
+void SimulatedBrowsers::setStream(Script script) {
+  const MutexLock lock(programs_->mutex);
+  programs_->stream = std::move(script);
 }
 
 std::vector<std::string> SimulatedBrowsers::asked() const {

@@ -41,6 +41,9 @@ class SimulatedBrowsers {
   void setNoSession();
   void setGet(Script script);
 
+  /// What the adapter's stream does; at first it ends at once.
+  void setStream(Script script);
+
   /// Everything that was asked, in order: "scan com.apple.Safari", "js ...", "focus ...", "get",
   /// "send 2".
   std::vector<std::string> asked() const;

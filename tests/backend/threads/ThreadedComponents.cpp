@@ -8,9 +8,10 @@
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
-#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/AutomationPermissionTest.h"
+#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/MediaKeyTapTest.h"
+#include "tests/component/NowPlayingTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
 #include "tests/component/WebTabDetectionTest.h"
@@ -53,6 +54,7 @@ INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, NowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebTabDetectionTest, world);

@@ -3,9 +3,10 @@
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
-#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/AutomationPermissionTest.h"
+#include "tests/component/AutoRoutingTest.h"
 #include "tests/component/MediaKeyTapTest.h"
+#include "tests/component/NowPlayingTest.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
@@ -29,6 +30,7 @@ INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutoRoutingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, NowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebPlayerControllerTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebTabDetectionTest, worlds);
