@@ -20,7 +20,7 @@ class ChromiumProcess {
     /// Further options, and the addresses to open, each in a tab of the first window.
     std::vector<std::string> arguments = {"about:blank"};
     /// The profile's folder; without one, "chromium" in the desktop's folder.
-    std::filesystem::path profile = {};
+    std::filesystem::path profile;
     /// Whether it opens its remote debugging socket.
     bool hasSocket = true;
   };
