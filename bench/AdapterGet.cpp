@@ -1,7 +1,6 @@
 // The wall time of one `get` of the adapter, with a player on a private bus, beside an empty start
 // of the same perl. The runs alternate, so that whatever the machine is doing meets both.
 
-#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <memory>
@@ -11,6 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/Samples.h"
 #include "platform/linux/processes/LinuxChildProcesses.h"
 #include "tests/support/FakePlayer.h"
 #include "tests/support/PrivateBus.h"
@@ -21,21 +21,16 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Seconds from the launch to the end of a run, whose output is read. Throws when it fails.
-double timeOf(LinuxChildProcesses& processes, const std::vector<std::string>& arguments,
-              std::string& output) {
+/// From the launch to the end of a run, whose output is read. Throws when it fails.
+Clock::duration timeOf(LinuxChildProcesses& processes, const std::vector<std::string>& arguments,
+                       std::string& output) {
   const auto start = Clock::now();
   const std::shared_ptr<ChildProcess> process =
       processes.make({.executable = "/usr/bin/perl", .arguments = arguments});
   if (const auto error = process->launch()) throw std::runtime_error(*error);
   output = process->standardOutput()->readToEnd();
   process->waitUntilExit();
-  return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
+  return Clock::now() - start;
 }
 
 void get(benchmark::State& state) {
@@ -46,21 +41,21 @@ void get(benchmark::State& state) {
   const FakePlayer player({.name = "audacious"});
   LinuxChildProcesses processes;
   std::string output;
-  std::vector<double> adapterSeconds;
-  std::vector<double> emptySeconds;
+  Samples gets;
+  Samples starts;
   for (auto _ : state) {
-    emptySeconds.push_back(timeOf(processes, {"-e", "1"}, output));
-    adapterSeconds.push_back(timeOf(
+    starts.add(timeOf(processes, {"-e", "1"}, output));
+    gets.add(timeOf(
         processes, {TALMO_ADAPTER_SCRIPT, TALMO_ADAPTER_FRAMEWORK, "get", "--no-artwork"}, output));
     if (output.find("org.atheme.audacious") == std::string::npos) {
       state.SkipWithError(("not the player's answer: " + output).c_str());
       return;
     }
-    state.SetIterationTime(adapterSeconds.back());
+    state.SetIterationTime(gets.last());
   }
-  state.counters["get_ms"] = median(adapterSeconds) * 1e3;
-  state.counters["empty_perl_ms"] = median(emptySeconds) * 1e3;
-  state.counters["ratio"] = median(adapterSeconds) / median(emptySeconds);
+  state.counters["get_ms"] = gets.median() * 1e3;
+  state.counters["empty_perl_ms"] = starts.median() * 1e3;
+  state.counters["ratio"] = gets.median() / starts.median();
 }
 
 BENCHMARK(get)

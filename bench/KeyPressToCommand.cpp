@@ -3,7 +3,6 @@
 // run side by side on one private display and bus, on keys of their own, and the presses alternate,
 // so that whatever the machine is doing meets both.
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -15,12 +14,12 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include <benchmark/benchmark.h>
 #include <systemd/sd-bus.h>
 #include <xcb/xcb.h>
 
+#include "bench/Samples.h"
 #include "tests/support/FakePlayer.h"
 #include "tests/support/KeyPresser.h"
 #include "tests/support/PrivateBus.h"
@@ -116,11 +115,6 @@ class Floor {
   std::thread thread_;
 };
 
-double median(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
-}
-
 void pressToCommand(benchmark::State& state) {
   const PrivateDisplay display;
   const PrivateBus bus;
@@ -156,18 +150,18 @@ void pressToCommand(benchmark::State& state) {
     keys.tap(key);
     const std::optional<Clock::time_point> arrived = arrival.take();
     if (!arrived) throw std::runtime_error("a command did not arrive");
-    return std::chrono::duration<double>(*arrived - start).count();
+    return *arrived - start;
   };
-  std::vector<double> talmoSeconds;
-  std::vector<double> floorSeconds;
+  Samples throughTalmo;
+  Samples throughFloor;
   for (auto _ : state) {
-    floorSeconds.push_back(measure("XF86AudioStop", atFloorsPlayer));
-    talmoSeconds.push_back(measure("XF86AudioNext", atTalmosPlayer));
-    state.SetIterationTime(talmoSeconds.back());
+    throughFloor.add(measure("XF86AudioStop", atFloorsPlayer));
+    throughTalmo.add(measure("XF86AudioNext", atTalmosPlayer));
+    state.SetIterationTime(throughTalmo.last());
   }
-  state.counters["talmo_us"] = median(talmoSeconds) * 1e6;
-  state.counters["floor_us"] = median(floorSeconds) * 1e6;
-  state.counters["ratio"] = median(talmoSeconds) / median(floorSeconds);
+  state.counters["talmo_us"] = throughTalmo.median() * 1e6;
+  state.counters["floor_us"] = throughFloor.median() * 1e6;
+  state.counters["ratio"] = throughTalmo.median() / throughFloor.median();
 }
 
 BENCHMARK(pressToCommand)

@@ -13,6 +13,8 @@ using namespace std::chrono_literals;
 PlatformOnDesktop::PlatformOnDesktop(const PrivateDesktop& desktop,
                                      const std::filesystem::path& bundleFolder) {
   for (const auto& [name, value] : desktop.environment()) {
+    const char* before = std::getenv(name.c_str());
+    environment_[name] = before == nullptr ? std::nullopt : std::optional<std::string>(before);
     ::setenv(name.c_str(), value.c_str(), 1);
   }
   platform_ = std::make_unique<LinuxPlatform>(bundleFolder);
@@ -22,6 +24,13 @@ PlatformOnDesktop::PlatformOnDesktop(const PrivateDesktop& desktop,
 PlatformOnDesktop::~PlatformOnDesktop() {
   platform_ = nullptr;
   setPlatform(nullptr);
+  for (const auto& [name, value] : environment_) {
+    if (value) {
+      ::setenv(name.c_str(), value->c_str(), 1);
+    } else {
+      ::unsetenv(name.c_str());
+    }
+  }
 }
 
 bool PlatformOnDesktop::runUntil(const std::function<bool()>& condition) {

@@ -2,15 +2,18 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "platform/linux/LinuxPlatform.h"
 #include "tests/support/PrivateDesktop.h"
 
 namespace talmo::test {
 
-/// The Linux backend in the test's own process, which works on a private desktop from then on. Main
-/// thread.
+/// The Linux backend in the test's own process, which works on a private desktop for as long as
+/// this lives. Main thread.
 class PlatformOnDesktop {
  public:
   PlatformOnDesktop(const PrivateDesktop& desktop, const std::filesystem::path& bundleFolder);
@@ -27,6 +30,8 @@ class PlatformOnDesktop {
   bool runOnQueue(const std::function<void()>& work);
 
  private:
+  /// What the desktop's variables were before.
+  std::map<std::string, std::optional<std::string>> environment_;
   std::unique_ptr<LinuxPlatform> platform_;
 };
 

@@ -94,6 +94,8 @@ void FakeBrowser::run() {
 void FakeBrowser::serve() {
   Tcp::socket& socket = listener_->socket;
   Error error;
+  // As browsers do; otherwise an answer waits until the one before it was acknowledged.
+  socket.set_option(Tcp::no_delay(true), error);
   beast::flat_buffer buffer;
   http::request<http::string_body> request;
   http::read(socket, buffer, request, error);
