@@ -1,7 +1,8 @@
 // One scan for web players' tabs, from the list of running browsers to the matches, by the built
 // osascript. A tenth of the tabs match. Beside it, in turns, so that whatever the machine is doing
-// meets all three: a start of osascript with a script that does nothing, and one question to the
-// same browser (which tabs it has) over a connection that stands.
+// meets all: a part of it, the list of running browsers; a start of osascript with a script that
+// does nothing; and one question to the same browser (which tabs it has) over a connection that
+// stands.
 //
 // `browser` is a real one. `scripted browser` is a debugging socket that answers as one does, for
 // more tabs than a machine should have to show.
@@ -33,6 +34,7 @@
 #include "tests/desktop/PlatformOnDesktop.h"
 #include "tests/desktop/web/WebStage.h"
 #include "tests/support/WaitUntil.h"
+#include "web/SupportedBrowsers.h"
 #include "web/WebTabScanner.h"
 
 namespace talmo::test {
@@ -92,6 +94,10 @@ Time scan(std::size_t matches) {
   return timeOf([&] { return WebTabScanner::scan().size() == matches; });
 }
 
+Time findBrowsers() {
+  return timeOf([] { return SupportedBrowsers::runningFrontmostFirst(std::nullopt).size() == 1; });
+}
+
 Time startOsascript() {
   return timeOf([] {
     const auto result = WebTabScanner::runOsascript("return \"\"", patience);
@@ -99,8 +105,8 @@ Time startOsascript() {
   });
 }
 
-/// The connection is made before, and goes after.
-Time listTargets(const DebuggingAddress& address) {
+/// Which tabs it has; the connection is made before, and goes after.
+Time ask(const DebuggingAddress& address) {
   auto socket = DebuggingSocket::connect(address, Clock::now() + patience);
   if (!socket) return std::nullopt;
   DebuggingConnection connection(std::move(socket));
@@ -126,20 +132,23 @@ void measure(benchmark::State& state, const PrivateDesktop& desktop,
   // The first one asks for the consent, which is kept.
   measured(scanAll);
   Samples scans;
-  Samples starts;
   Samples lists;
+  Samples starts;
+  Samples questions;
   for (auto _ : state) {
+    lists.add(measured(findBrowsers));
     starts.add(measured(startOsascript));
-    lists.add(measured([address] { return listTargets(address); }));
+    questions.add(measured([address] { return ask(address); }));
     scans.add(measured(scanAll));
     state.SetIterationTime(scans.last());
   }
   state.counters["scan_ms"] = scans.median() * 1e3;
   state.counters["scan_p95_ms"] = scans.quantile(0.95) * 1e3;
   state.counters["osascript_ms"] = starts.median() * 1e3;
-  state.counters["question_ms"] = lists.median() * 1e3;
+  state.counters["browsers_ms"] = lists.median() * 1e3;
+  state.counters["question_ms"] = questions.median() * 1e3;
   state.counters["osascripts"] = scans.median() / starts.median();
-  state.counters["questions"] = scans.median() / lists.median();
+  state.counters["questions"] = scans.median() / questions.median();
 }
 
 bool descends(ProcessIdentifier process, ProcessIdentifier ancestor) {
