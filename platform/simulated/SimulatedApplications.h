@@ -39,7 +39,7 @@ class SimulatedApplications {
     /// The data of its one artwork.
     std::optional<Image> artwork = std::nullopt;
     /// The properties of tracks and players that the player's dictionary lacks.
-    std::set<std::string, std::less<>> unsupported = {};
+    std::set<std::string, std::less<>> unsupported;
   };
 
   void install(const Installed& application);
