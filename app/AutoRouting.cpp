@@ -66,8 +66,8 @@ std::shared_ptr<MusicAppController> AppCoordinator::autoController() {
     log.info("auto: nothing resolved");
     return nullptr;
   }
-  lastAutoResolution_ = {*id, platform().dispatch().uptime()};
-  Preferences::setLastResolvedTargetID(*id);
+  lastAutoResolution_ = {app->id, platform().dispatch().uptime()};
+  Preferences::setLastResolvedTargetID(app->id);
   log.info("auto: routing to %{public}s (owner=%{public}s)", app->displayName,
            session.owner.value_or("none"));
   return controllerFor(*app);

@@ -55,7 +55,7 @@ void completeOnMainThread(SystemNowPlaying::Completion completion,
 }  // namespace
 
 std::shared_ptr<SystemNowPlaying> SystemNowPlaying::shared() {
-  State& state = platform().states().of<State>();
+  auto& state = platform().states().of<State>();
   const MutexLock lock(state.lock);
   if (!state.isLoaded) {
     state.isLoaded = true;

@@ -30,8 +30,11 @@ class Dispatch {
   /// A new serial queue.
   virtual std::shared_ptr<Queue> makeSerialQueue(std::string label, QualityOfService quality) = 0;
 
-  /// Runs `iteration(0)` to `iteration(count - 1)`, in parallel as far as the system can, and
-  /// returns when all have ended.
+  /// So many iterations of one `concurrentPerform` can run at the same time, whatever the number of
+  /// cores: they may wait for other processes.
+  static constexpr std::size_t concurrentIterations = 32;
+
+  /// Runs `iteration(0)` to `iteration(count - 1)` in parallel and returns when all have ended.
   virtual void concurrentPerform(std::size_t count,
                                  const std::function<void(std::size_t)>& iteration) = 0;
 

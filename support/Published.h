@@ -23,6 +23,7 @@ class Published {
   /// or the same again.
   void set(Value value) {
     std::vector<Token> tokens;
+    tokens.reserve(observers_.size());
     for (const auto& [token, observer] : observers_) tokens.push_back(token);
     for (const Token token : tokens) {
       const auto found = observers_.find(token);

@@ -25,9 +25,9 @@ constexpr Duration recentOwnerAge = 15s;
 
 struct State {
   Mutex cacheLock;
-  WebTabDetection::Matches _cachedMatches TALMO_GUARDED_BY(cacheLock);
-  std::optional<Uptime> _cachedAt TALMO_GUARDED_BY(cacheLock);
-  std::vector<WebTabMatch> _allMatches TALMO_GUARDED_BY(cacheLock);
+  WebTabDetection::Matches cachedMatches TALMO_GUARDED_BY(cacheLock);
+  std::optional<Uptime> cachedAt TALMO_GUARDED_BY(cacheLock);
+  std::vector<WebTabMatch> allMatches TALMO_GUARDED_BY(cacheLock);
 };
 
 State& state() {
@@ -56,9 +56,9 @@ WebTabDetection::Matches scanAndCache() {
   const Uptime now = platform().dispatch().uptime();
   {
     const MutexLock lock(shared.cacheLock);
-    shared._cachedMatches = best;
-    shared._cachedAt = now;
-    shared._allMatches = std::move(all);
+    shared.cachedMatches = best;
+    shared.cachedAt = now;
+    shared.allMatches = std::move(all);
   }
   log.notice("scan found %ld tab(s): %{public}s", count, found);
   return best;
@@ -133,22 +133,22 @@ WebTabDetection::Matches WebTabDetection::refreshMatches() {
 WebTabDetection::Matches WebTabDetection::cachedMatches() {
   State& shared = state();
   const MutexLock lock(shared.cacheLock);
-  return shared._cachedMatches;
+  return shared.cachedMatches;
 }
 
 WebTabDetection::Matches WebTabDetection::cachedMatches(Duration freshWithin) {
   State& shared = state();
   const Uptime now = platform().dispatch().uptime();
   const MutexLock lock(shared.cacheLock);
-  if (!shared._cachedAt || now - *shared._cachedAt > freshWithin) return {};
-  return shared._cachedMatches;
+  if (!shared.cachedAt || now - *shared.cachedAt > freshWithin) return {};
+  return shared.cachedMatches;
 }
 
 std::optional<WebTabMatch> WebTabDetection::cachedMatch(const std::string& targetID) {
   State& shared = state();
   const MutexLock lock(shared.cacheLock);
-  const auto found = shared._cachedMatches.find(targetID);
-  if (found == shared._cachedMatches.end()) return std::nullopt;
+  const auto found = shared.cachedMatches.find(targetID);
+  if (found == shared.cachedMatches.end()) return std::nullopt;
   return found->second;
 }
 
@@ -157,7 +157,7 @@ std::vector<WebTabMatch> WebTabDetection::cachedMatchesInBrowser(const std::stri
   std::vector<WebTabMatch> found;
   const MutexLock lock(shared.cacheLock);
   std::ranges::copy_if(
-      shared._allMatches, std::back_inserter(found),
+      shared.allMatches, std::back_inserter(found),
       [&bundleID](const WebTabMatch& match) { return match.browserBundleID == bundleID; });
   return found;
 }

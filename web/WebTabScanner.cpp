@@ -27,17 +27,16 @@ constexpr int tabLimit = 50;
 /// The browsers to ask: those that run and that the person lets the program automate.
 std::vector<SupportedBrowser> automatableBrowsers() {
   const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner(recentOwnerAge);
-  std::vector<SupportedBrowser> browsers = SupportedBrowsers::runningFrontmostFirst(
-      owner ? std::optional(owner->bundleID) : std::nullopt);
-  std::erase_if(browsers, [](const SupportedBrowser& browser) {
-    const bool isGranted =
-        AutomationPermission::blockingStatus(browser.bundleID) == AutomationStatus::granted;
-    if (!isGranted) {
+  std::vector<SupportedBrowser> granted;
+  for (SupportedBrowser& browser : SupportedBrowsers::runningFrontmostFirst(
+           owner ? std::optional(owner->bundleID) : std::nullopt)) {
+    if (AutomationPermission::blockingStatus(browser.bundleID) == AutomationStatus::granted) {
+      granted.push_back(std::move(browser));
+    } else {
       log.notice("skipping scan of %{public}s: Automation not granted", browser.bundleID);
     }
-    return !isGranted;
-  });
-  return browsers;
+  }
+  return granted;
 }
 
 std::vector<WebTabMatch> scanBrowser(const SupportedBrowser& browser) {

@@ -14,13 +14,13 @@ std::filesystem::path LinuxBundle::folderOfTheProgram() {
 
 std::optional<std::string> LinuxBundle::resourcePath(const std::string& name,
                                                      const std::string& extension) const {
-  const std::string path = (folder_ / "resources" / (name + "." + extension)).string();
+  std::string path = (folder_ / "resources" / (name + "." + extension)).string();
   if (!fileExists(path)) return std::nullopt;
   return path;
 }
 
 std::optional<std::string> LinuxBundle::privateFrameworksPath() const {
-  const std::string path = (folder_ / "frameworks").string();
+  std::string path = (folder_ / "frameworks").string();
   if (!fileExists(path)) return std::nullopt;
   return path;
 }

@@ -11,6 +11,7 @@ LinuxPlatform::LinuxPlatform(std::filesystem::path bundleFolder)
       childProcesses_(std::move(bundleFolder)),
       userDefaults_(LinuxUserDefaults::standardFile()),
       keyEvents_(LinuxApplications::strokeException),
+      appleEvents_(bundle_.resourcePath("browser-consent", "html").value_or("")),
       workspace_(dispatch_),
       notifications_(dispatch_),
       mediaRemote_(notifications_) {}

@@ -59,9 +59,10 @@ class LinuxPlatform : public Platform {
   LinuxAppleEvents appleEvents_;
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
-  LinuxNetwork network_;
   MainQueueNotifications notifications_;
   LinuxMediaRemote mediaRemote_;
+  // Goes first: its completions may ask for any other service.
+  LinuxNetwork network_;
 };
 
 }  // namespace talmo

@@ -67,7 +67,8 @@ std::shared_ptr<ChildProcess> SimulatedChildProcesses::make(
 }
 
 void SimulatedChildProcesses::setPrograms(Programs programs) {
-  auto made = std::make_shared<const Programs>(std::move(programs));
+  std::shared_ptr<const Programs> made;
+  if (programs) made = std::make_shared<const Programs>(std::move(programs));
   const MutexLock lock(mutex_);
   programs_.swap(made);
 }
@@ -80,8 +81,13 @@ std::optional<std::string> SimulatedChildProcesses::launch(
     programs = programs_;
     children_.push_back(child);
   }
-  return child->launch(programs ? (*programs)(child->parameters())
-                                : SimulatedChildScript::launchFailure("No such file or directory"));
+  std::optional<std::string> failure =
+      child->launch(programs ? (*programs)(child->parameters())
+                             : SimulatedChildScript::launchFailure("No such file or directory"));
+  const MutexLock lock(mutex_);
+  // Started while the machine went down, too late to be among those that it ended.
+  if (!programs_) child->end({ChildTermination::Reason::uncaughtSignal, SIGKILL});
+  return failure;
 }
 
 std::vector<std::shared_ptr<SimulatedChild>> SimulatedChildProcesses::children() const {
@@ -116,6 +122,8 @@ std::vector<ChildProcessParameters> SimulatedChildProcesses::running() const {
 }
 
 void SimulatedChildProcesses::killAll() {
+  // No other starts: nothing would make it go on, and who waits for it would wait for ever.
+  setPrograms(nullptr);
   for (const std::shared_ptr<SimulatedChild>& child : children()) {
     child->end({ChildTermination::Reason::uncaughtSignal, SIGKILL});
   }

@@ -7,6 +7,7 @@
 
 #include "app/Preferences.h"
 #include "platform/KeyboardEvent.h"
+#include "tests/component/SimulatedBrowsers.h"
 
 namespace talmo::test {
 namespace {
@@ -14,6 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using Manner = SimulatedApplications::Manner;
 
@@ -53,6 +55,37 @@ TEST_P(AppCoordinatorTest, AKeyStrokePlayerGetsItsStrokes) {
       runUntil([&] { return machine().applications().keyboardEvents(process).size() == 2; }));
   EXPECT_THAT(machine().applications().keyboardEvents(process),
               ElementsAre(KeyboardEvent{124, true, 0x100000}, KeyboardEvent{124, false, 0x100000}));
+}
+
+TEST_P(AppCoordinatorTest, AWebPlayerGetsEveryKeyInItsTab) {
+  constexpr const char* safari = "com.apple.Safari";
+  SimulatedBrowsers browsers(machine());
+  browsers.launch(safari, "Safari");
+  browsers.setTabs(safari, {{"https://www.youtube.com/watch?v=1", "Song - YouTube"}});
+  const auto coordinator = started("youtube-web");
+  EXPECT_EQ(coordinator->currentTargetID(), "youtube-web");
+
+  for (const std::int32_t key : {playPause, next, previous, fast, rewind}) press(key);
+
+  const auto scripts = [&] { return browsers.scripts(SimulatedBrowsers::Kind::javaScript); };
+  ASSERT_TRUE(runUntil([&] { return scripts().size() == 5; }));
+  EXPECT_THAT(scripts(), ElementsAre(HasSubstr(".ytp-play-button"), HasSubstr(".ytp-next-button"),
+                                     HasSubstr(".ytp-prev-button"), HasSubstr(".ytp-next-button"),
+                                     HasSubstr(".ytp-prev-button")));
+  EXPECT_THAT(machine().eventTap().passed(), IsEmpty());
+  EXPECT_THAT(machine().log().messages("coordinator"), Contains("Routing media keys to YouTube"));
+}
+
+TEST_P(AppCoordinatorTest, AWebPlayerWithoutATabIsOpenedByPlayPauseOnly) {
+  SimulatedBrowsers browsers(machine());
+  const auto coordinator = started("youtube-web");
+
+  press(next);
+  press(playPause);
+
+  ASSERT_TRUE(runUntil([&] { return !machine().workspace().openedURLs().empty(); }));
+  EXPECT_THAT(machine().workspace().openedURLs(), ElementsAre("https://www.youtube.com"));
+  EXPECT_THAT(machine().eventTap().passed(), IsEmpty());
 }
 
 TEST_P(AppCoordinatorTest, AStoredSelectionOfNoneBehavesAsAuto) {

@@ -336,6 +336,20 @@ TEST_P(DispatchContract, ConcurrentPerformRunsEachIterationOnceAndReturnsAfterAl
   }
 }
 
+TEST_P(DispatchContract, ConcurrentPerformIterationsThatWaitDoNotHoldUpTheOthers) {
+  constexpr std::size_t count = Dispatch::concurrentIterations;
+  std::atomic<std::size_t> begun = 0;
+  std::atomic<std::size_t> released = 0;
+  const auto allHaveBegun = dispatch().makeSemaphore(0);
+  dispatch().concurrentPerform(count, [&](std::size_t) {
+    if (++begun == count) {
+      for (std::size_t waiting = 0; waiting < count; ++waiting) allHaveBegun->signal();
+    }
+    if (allHaveBegun->wait(patience)) ++released;
+  });
+  EXPECT_EQ(released, count);
+}
+
 TEST_P(DispatchContract, ConcurrentPerformOfNothingReturns) {
   bool ran = false;
   dispatch().concurrentPerform(0, [&ran](std::size_t) { ran = true; });

@@ -49,7 +49,13 @@ void ChromiumProcess::open(const std::string& address) const {
 }
 
 void ChromiumProcess::openWindow(const std::string& address) const {
-  handOver({"--new-window", address});
+  openWindow(std::vector<std::string>{address});
+}
+
+void ChromiumProcess::openWindow(const std::vector<std::string>& addresses) const {
+  std::vector<std::string> arguments{"--new-window"};
+  arguments.insert(arguments.end(), addresses.begin(), addresses.end());
+  handOver(arguments);
 }
 
 std::vector<std::string> ChromiumProcess::command() const {

@@ -20,7 +20,7 @@ class ChromiumProcess {
     /// Further options, and the addresses to open, each in a tab of the first window.
     std::vector<std::string> arguments = {"about:blank"};
     /// The profile's folder; without one, "chromium" in the desktop's folder.
-    std::filesystem::path profile = {};
+    std::filesystem::path profile;
     /// Whether it opens its remote debugging socket.
     bool hasSocket = true;
   };
@@ -37,6 +37,8 @@ class ChromiumProcess {
   /// window, and waits until it has taken the request. Throws when it does not.
   void open(const std::string& address) const;
   void openWindow(const std::string& address) const;
+  /// The same with several addresses, each in a tab of the new window.
+  void openWindow(const std::vector<std::string>& addresses) const;
 
   /// The program with what every start needs, the profile included. With an address behind it, it
   /// hands that over to the running browser.

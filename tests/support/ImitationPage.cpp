@@ -140,7 +140,7 @@ constexpr std::string_view otherHtml = R"html(<!doctype html>
 <script>
 document.title = location.pathname === '/' ? location.hostname : query.get('search_query');
 document.querySelector('h1').textContent = document.title;
-report(location.hostname + location.pathname, document.visibilityState);
+report(location.hostname + location.pathname, 'loads');
 </script>
 </html>
 )html";

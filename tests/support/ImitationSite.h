@@ -21,7 +21,7 @@ namespace talmo::test {
 /// pages, search pages and the pages that play (`ImitationPage`), with the buttons, keys and media
 /// sessions that the real ones have. What happens on a page it reports here: "track 2", "plays",
 /// "pauses", "click .playControl", "action nexttrack", "key KeyK", "visible", "hidden". Pages
-/// without a player report under their host and path.
+/// without a player report under their host and path, and only that they were loaded: "loads".
 class ImitationSite {
  public:
   /// Throws when there can be no server.

@@ -4,27 +4,37 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/AppleEvents.h"
 #include "platform/linux/applications/LastInstances.h"
+#include "platform/linux/applications/LinuxApplication.h"
 
 namespace talmo {
 
 /// Apple events as MPRIS calls over the session bus. The desktop asks nobody for consent, so a
-/// player that is on the bus has given it.
+/// player that is on the bus has given it, and a browser by its debugging socket.
 class LinuxAppleEvents : public AppleEvents {
  public:
   /// The status when the session bus is not there or does not answer within a second: the Apple
   /// event manager's `connectionInvalid` (MacErrors.h).
   static constexpr std::int32_t connectionInvalid = -609;
 
-  /// Never asks the person, whatever `askUserIfNeeded` says.
+  /// `consentPage` is the file that tells a person how a browser consents; empty for none.
+  explicit LinuxAppleEvents(std::string consentPage = {}) : consentPage_(std::move(consentPage)) {}
+
+  /// For a browser it takes half a second at most: granted when its debugging socket answers, not
+  /// permitted when it runs without one. With `askUserIfNeeded` such a browser shows the page that
+  /// tells how it consents; the status is the present one all the same.
   std::optional<std::int32_t> determinePermission(const std::string& bundleID,
                                                   bool askUserIfNeeded) override;
 
   std::unique_ptr<ScriptingObject> application(const std::string& bundleID) override;
 
  private:
+  std::int32_t determineConsent(const LinuxApplication& browser, bool askUserIfNeeded) const;
+
+  const std::string consentPage_;
   const std::shared_ptr<LastInstances> lastInstances_ = std::make_shared<LastInstances>();
 };
 

@@ -10,7 +10,7 @@ namespace talmo {
 /// Where a browser's remote debugging socket is on the loopback interface.
 struct DebuggingAddress {
   std::uint16_t port = 0;
-  /// The path of the WebSocket, which nobody can guess.
+  /// The path of the WebSocket, another one at each start of the browser.
   std::string path;
 
   friend bool operator==(const DebuggingAddress&, const DebuggingAddress&) = default;

@@ -11,7 +11,7 @@ struct DebuggingRequest {
   std::string method;
   nlohmann::json parameters = nlohmann::json::object();
   /// The page that it is for, as `Target.attachToTarget` named the session; empty for the browser.
-  std::string session = {};
+  std::string session;
 };
 
 }  // namespace talmo

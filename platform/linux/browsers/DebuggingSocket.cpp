@@ -28,7 +28,7 @@ struct DebuggingSocket::Connection {
   void end() {
     isOpen = false;
     Error ignored;
-    stream.next_layer().close(ignored);
+    static_cast<void>(stream.next_layer().close(ignored));
     loop.restart();
     loop.run();
   }
@@ -73,7 +73,7 @@ std::unique_ptr<DebuggingSocket> DebuggingSocket::connect(const DebuggingAddress
   }
   // Requests are short, and each waits for an answer.
   Error ignored;
-  stream.next_layer().set_option(asio::ip::tcp::no_delay(true), ignored);
+  static_cast<void>(stream.next_layer().set_option(asio::ip::tcp::no_delay(true), ignored));
   stream.read_message_max(longestMessage);
   const std::string host = "127.0.0.1:" + std::to_string(address.port);
   if (!connection->complete(

@@ -96,7 +96,7 @@ std::shared_ptr<Queue> LinuxDispatch::makeSerialQueue(std::string label, Quality
 void LinuxDispatch::concurrentPerform(std::size_t count,
                                       const std::function<void(std::size_t)>& iteration) {
   const auto iterations = std::make_shared<Iterations>(count, iteration);
-  const std::size_t threads = std::min<std::size_t>(count, std::thread::hardware_concurrency());
+  const std::size_t threads = std::min(count, Dispatch::concurrentIterations);
   for (std::size_t helper = 1; helper < threads; ++helper) {
     globalQueue(QualityOfService::unspecified).async([iterations] { iterations->run(); });
   }

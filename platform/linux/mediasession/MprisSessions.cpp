@@ -225,6 +225,7 @@ bool MprisSessions::isSlow(const std::string& busName) const {
 
 std::optional<std::string> MprisSessions::updateOrder(const std::string& busId) {
   std::vector<const std::pair<const std::string, MprisPlayer>*> sorted;
+  sorted.reserve(players_.size());
   for (const auto& named : players_) sorted.push_back(&named);
   std::ranges::sort(sorted, {}, [](const auto* named) { return named->second.busName; });
   std::vector<SessionOrder::Seen> seen;

@@ -76,10 +76,10 @@ class MprisSessions {
   Artworks artworks_;
 
   MprisSignals signals_;
-  Uptime nextConnection_{};
+  Uptime nextConnection_;
   /// The first and the last change that `waitForChange` has not told of yet.
   std::optional<Uptime> firstChange_;
-  Uptime lastChange_{};
+  Uptime lastChange_;
   /// When to ask again those that did not answer.
   std::optional<Uptime> nextQuestion_;
 };

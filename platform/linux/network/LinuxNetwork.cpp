@@ -1,6 +1,5 @@
 #include "platform/linux/network/LinuxNetwork.h"
 
-#include <csignal>
 #include <map>
 #include <new>
 #include <optional>
@@ -13,17 +12,6 @@
 #include "support/UrlComponents.h"
 
 namespace talmo {
-namespace {
-
-/// A write to a connection that has gone is a failed write; libcurl leaves the signal to us.
-void blockBrokenPipes() {
-  sigset_t signals{};
-  sigemptyset(&signals);
-  sigaddset(&signals, SIGPIPE);
-  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-}
-
-}  // namespace
 
 /// What is under way. Belongs to the network's thread.
 class LinuxNetwork::Transfers {
@@ -125,7 +113,6 @@ std::vector<LinuxNetwork::Request> LinuxNetwork::takeRequests() {
 
 void LinuxNetwork::run(CURLM* multi) {
   ::pthread_setname_np(::pthread_self(), "network");
-  blockBrokenPipes();
   // With nothing under way there is no time to keep: a wake-up ends the wait.
   constexpr int longestWait = 24 * 60 * 60 * 1000;
   Transfers transfers(multi);

@@ -26,8 +26,8 @@ Transfer::Transfer(const std::string& url, const NetworkSettings& settings)
     : handle_(curl_easy_init(), &curl_easy_cleanup) {
   if (!handle_) throw std::bad_alloc();
   set(CURLOPT_URL, url.c_str());
+  // Also for redirects.
   set(CURLOPT_PROTOCOLS_STR, "https");
-  set(CURLOPT_REDIR_PROTOCOLS_STR, "https");
   set(CURLOPT_FOLLOWLOCATION, 1L);
   set(CURLOPT_MAXREDIRS, mostRedirects);
   set(CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2});

@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "platform/linux/osascript/ScriptedBrowser.h"
+#include "platform/linux/osascript/BrowserResolver.h"
 
 namespace talmo {
 

@@ -7,7 +7,8 @@
 
 namespace talmo {
 
-/// The running browser with that bundle identifier; null when there is none that can be scripted.
+/// The running browser with that bundle identifier; null when there is none. One that does not let
+/// itself be scripted refuses what it is asked.
 std::shared_ptr<BrowserModel> runningBrowser(const std::string& bundleID);
 
 }  // namespace talmo

@@ -97,10 +97,14 @@ class Parser {
                               "Expected " + expected + " but found " + described(token()) + ".",
                               token().range);
   }
-  /// What browsers understand means nothing outside of a `tell`.
-  void expectToBeTelling(const std::string& expected) const {
-    if (tells_ == 0) refuse(expected);
+  void expectToBeWithin(const char* block, std::size_t depth, const Token& word) const {
+    if (depth > 0) return;
+    throw ScriptError::syntax(ScriptError::badToken,
+                              described(word) + " can\u2019t go outside of " + quoted(block) + ".",
+                              word.range);
   }
+  /// What browsers understand means nothing where none is told.
+  void expectToBeTelling(const Token& word) const { expectToBeWithin("tell", tells_, word); }
 
   /// From `first` to the token that was read last.
   ScriptRange rangeFrom(const ScriptRange& first) const {
@@ -154,13 +158,13 @@ class Parser {
     if (take("set")) return readSet();
     if (take("return")) return readReturn();
     if (isAt("exit")) {
-      if (repeats_ == 0) refuse("a statement outside of \u201Crepeat\u201D");
+      expectToBeWithin("repeat", repeats_, token());
       ++next_;
       expect("repeat");
       return ScriptStatement::ExitRepeat{};
     }
     if (isAt("activate")) {
-      expectToBeTelling("a statement outside of \u201Ctell\u201D");
+      expectToBeTelling(token());
       ++next_;
       return ScriptStatement::Activate{};
     }
@@ -225,7 +229,7 @@ class Parser {
 
   What readSet() {
     if (isAt("current") || isAt("active") || isAt("index")) {
-      expectToBeTelling("a variable");
+      expectToBeTelling(token());
       return readSetOfWindow();
     }
     std::string variable = readVariable();
@@ -278,9 +282,10 @@ class Parser {
   }
 
   ScriptExpression readCommand() {
-    const ScriptRange first = token().range;
-    expectToBeTelling("expression");
+    const Token& word = token();
+    const ScriptRange first = word.range;
     if (take("execute")) {
+      expectToBeTelling(word);
       ScriptExpression tab = readExpression();
       expect("javascript");
       ScriptExpression source = readExpression();
@@ -288,6 +293,7 @@ class Parser {
     }
     expect("do");
     expect("javascript");
+    expectToBeTelling(word);
     ScriptExpression source = readExpression();
     expect("in");
     ScriptExpression tab = readExpression();
@@ -383,7 +389,7 @@ class Parser {
     }
     if (const auto property = propertyAtToken()) return readProperty(*property);
     if (isAt("windows")) {
-      expectToBeTelling("expression");
+      expectToBeTelling(token());
       ++next_;
       return {first, ScriptExpression::Windows{}};
     }
@@ -400,7 +406,7 @@ class Parser {
 
   ScriptExpression readProperty(ScriptOperator property) {
     const ScriptRange first = token().range;
-    expectToBeTelling("expression");
+    expectToBeTelling(token());
     ++next_;
     const Level level = deeper();
     ScriptExpression object = readObject();

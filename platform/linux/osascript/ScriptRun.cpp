@@ -1,6 +1,5 @@
 #include "platform/linux/osascript/ScriptRun.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <limits>
@@ -9,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/linux/osascript/ScriptedBrowser.h"
 #include "platform/linux/osascript/ScriptParser.h"
 #include "platform/linux/osascript/ScriptStatement.h"
 #include "platform/linux/osascript/ScriptText.h"
@@ -18,7 +18,7 @@ namespace talmo {
 namespace {
 
 using Block = ScriptStatement::Block;
-using Texts = std::vector<std::string>;
+using Text = std::optional<std::string>;
 
 constexpr std::size_t bytesOfAStep = 256;
 
@@ -75,40 +75,28 @@ class Run {
   }
 
   Flow carryOut(const ScriptStatement::SelectTab& statement, const ScriptRange& range) {
-    const auto window = evaluateAs<WindowReference>(statement.window, "window");
+    const auto [browser, window] = evaluateAs<WindowReference>(statement.window, "window");
     const auto tab = evaluateAs<TabReference>(statement.tab, "tab");
-    const std::string what = "set current tab of " + sourceText(window) + " to " + sourceText(tab);
-    const bool isOfWindow =
-        tab.browser == window.browser &&
-        std::ranges::find(window.window.tabs, tab.id) != window.window.tabs.end();
-    if (!isOfWindow) throw browserError(*window.browser, ScriptError::writeDenied, what, range);
-    check(tab.browser->model->selectTab(tab.id), *tab.browser, what, range);
+    // A tab of another browser has no place in the window, whatever its name.
+    browser->selectTab(tab.browser == browser ? window : BrowserWindow{.id = window.id}, tab.id,
+                       range);
     return Flow::next;
   }
 
   Flow carryOut(const ScriptStatement::SelectTabWithIndex& statement, const ScriptRange& range) {
-    const auto window = evaluateAs<WindowReference>(statement.window, "window");
-    const auto index = evaluateAs<std::int64_t>(statement.index, "integer");
-    const Texts& tabs = window.window.tabs;
-    const std::string what =
-        "set active tab index of " + sourceText(window) + " to " + std::to_string(index);
-    if (index < 1 || static_cast<std::uint64_t>(index) > tabs.size()) {
-      throw browserError(*window.browser, ScriptError::illegalIndex, what, range);
-    }
-    const std::string& tab = tabs[static_cast<std::size_t>(index) - 1];
-    check(window.browser->model->selectTab(tab), *window.browser, what, range);
+    const auto [browser, window] = evaluateAs<WindowReference>(statement.window, "window");
+    browser->selectTab(window, evaluateAs<std::int64_t>(statement.index, "integer"), range);
     return Flow::next;
   }
 
   Flow carryOut(const ScriptStatement::BringToFront& statement, const ScriptRange& range) {
-    const auto window = evaluateAs<WindowReference>(statement.window, "window");
-    check(window.browser->model->bringToFront(window.window.id), *window.browser,
-          "set index of " + sourceText(window) + " to 1", range);
+    const auto [browser, window] = evaluateAs<WindowReference>(statement.window, "window");
+    browser->bringToFront(window, range);
     return Flow::next;
   }
 
   Flow carryOut(const ScriptStatement::Activate&, const ScriptRange& range) {
-    check(told_->model->activate(), *told_, "activate", range);
+    told_->activate(range);
     return Flow::next;
   }
 
@@ -206,10 +194,8 @@ class Run {
 
   ScriptValue evaluate(const ScriptExpression::Windows&, const ScriptRange& range) {
     std::vector<WindowReference> windows;
-    for (BrowserWindow& window :
-         answer(told_->model->windows(), *told_, "get every window", range)) {
+    for (BrowserWindow& window : told_->windows(range))
       windows.push_back({told_, std::move(window)});
-    }
     return windows;
   }
 
@@ -221,9 +207,9 @@ class Run {
       case ScriptOperator::characterWithID:
         return characterWithID(evaluateAs<std::int64_t>(operands[0], "integer"), range);
       case ScriptOperator::url:
-        return read("URL", &BrowserModel::url, operands[0], range);
+        return read("URL", &ScriptedBrowser::url, operands[0], range);
       case ScriptOperator::title: {
-        ScriptValue title = read("title", &BrowserModel::title, operands[0], range);
+        ScriptValue title = read("title", &ScriptedBrowser::title, operands[0], range);
         // What a browser says that has no title to show.
         return std::holds_alternative<MissingValue>(title) ? ScriptValue(std::string())
                                                            : std::move(title);
@@ -277,21 +263,21 @@ class Run {
     return text;
   }
 
-  using Property = BrowserResult<std::optional<std::string>> (BrowserModel::*)(const std::string&);
+  using Property = Text (ScriptedBrowser::*)(const std::string&, const ScriptRange&);
 
   ScriptValue read(const std::string& name, Property property, const ScriptExpression& object,
                    const ScriptRange& range) {
     const ScriptValue of = evaluate(object);
-    const std::string what = "get " + name + " of " + sourceText(of);
-    const auto* const tab = std::get_if<TabReference>(&of);
-    if (tab == nullptr) {
-      throw ScriptError::execution(ScriptError::noSuchObject, cannot(what), range);
+    if (const auto* tab = std::get_if<TabReference>(&of)) {
+      return textOrNothing((tab->browser->*property)(tab->id, range), range);
     }
-    return textAnswer((*tab->browser->model.*property)(tab->id), *tab->browser, what, range);
+    throw ScriptError::execution(ScriptError::noSuchObject,
+                                 cannot("get " + name + " of " + sourceText(of)), range);
   }
 
   static ScriptValue tabs(const WindowReference& reference) {
     std::vector<TabReference> tabs;
+    tabs.reserve(reference.window.tabs.size());
     for (const std::string& id : reference.window.tabs) tabs.push_back({reference.browser, id});
     return tabs;
   }
@@ -321,8 +307,7 @@ class Run {
                             const ScriptRange& range) {
     const auto source = evaluateAs<std::string>(operands[0], "Unicode text");
     const auto tab = evaluateAs<TabReference>(operands[1], "tab");
-    return textAnswer(tab.browser->model->runJavaScript(tab.id, source), *tab.browser,
-                      "get " + sourceText(tab), range);
+    return textOrNothing(tab.browser->runJavaScript(tab.id, source, range), range);
   }
 
   ScriptValue sum(const std::vector<ScriptExpression>& operands, const ScriptRange& range) {
@@ -360,7 +345,11 @@ class Run {
     return resultText(value);
   }
 
-  // Browsers.
+  ScriptValue textOrNothing(Text text, const ScriptRange& range) const {
+    if (!text) return MissingValue();
+    checkSize(text->size(), range);
+    return std::move(*text);
+  }
 
   ScriptedBrowser& browser(const std::string& bundleID, const ScriptRange& range) {
     const auto known = browsers_.find(bundleID);
@@ -370,54 +359,7 @@ class Run {
       throw ScriptError::execution(ScriptError::noSuchObject,
                                    cannot("get application id " + sourceText(bundleID)), range);
     }
-    return browsers_.emplace(bundleID, ScriptedBrowser{bundleID, std::move(model)}).first->second;
-  }
-
-  template <typename Answer>
-  static Answer answer(BrowserResult<Answer> result, const ScriptedBrowser& browser,
-                       const std::string& what, const ScriptRange& range) {
-    if (const auto* failure = std::get_if<BrowserFailure>(&result)) {
-      throw failed(*failure, browser, what, range);
-    }
-    return std::move(std::get<Answer>(result));
-  }
-
-  ScriptValue textAnswer(BrowserResult<std::optional<std::string>> result,
-                         const ScriptedBrowser& browser, const std::string& what,
-                         const ScriptRange& range) const {
-    std::optional<std::string> text = answer(std::move(result), browser, what, range);
-    if (!text) return MissingValue();
-    checkSize(text->size(), range);
-    return std::move(*text);
-  }
-
-  static void check(const std::optional<BrowserFailure>& failure, const ScriptedBrowser& browser,
-                    const std::string& what, const ScriptRange& range) {
-    if (failure) throw failed(*failure, browser, what, range);
-  }
-
-  static ScriptError failed(const BrowserFailure& failure, const ScriptedBrowser& browser,
-                            const std::string& what, const ScriptRange& range) {
-    switch (failure.kind) {
-      case BrowserFailure::Kind::gone:
-        break;
-      case BrowserFailure::Kind::refused:
-        return said(browser, ScriptError::noPrivilege,
-                    failure.message.empty() ? "A privilege violation occurred." : failure.message,
-                    range);
-      case BrowserFailure::Kind::timedOut:
-        return said(browser, ScriptError::timeout, "AppleEvent timed out.", range);
-    }
-    return browserError(browser, ScriptError::noSuchObject, what, range);
-  }
-
-  static ScriptError browserError(const ScriptedBrowser& browser, int number,
-                                  const std::string& what, const ScriptRange& range) {
-    return said(browser, number, cannot(what), range);
-  }
-  static ScriptError said(const ScriptedBrowser& browser, int number, const std::string& message,
-                          const ScriptRange& range) {
-    return ScriptError::execution(number, browser.bundleID + " got an error: " + message, range);
+    return browsers_.emplace(bundleID, ScriptedBrowser(bundleID, std::move(model))).first->second;
   }
 
   static ScriptError wrongType(const ScriptValue& value, const std::string& type,

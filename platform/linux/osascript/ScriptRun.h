@@ -6,7 +6,7 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/linux/osascript/ScriptedBrowser.h"
+#include "platform/linux/osascript/BrowserResolver.h"
 #include "platform/linux/osascript/ScriptError.h"
 
 namespace talmo {

@@ -17,9 +17,9 @@ struct ResultText {
   std::string operator()(bool value) const { return value ? "true" : "false"; }
   std::string operator()(std::int64_t value) const { return std::to_string(value); }
   std::string operator()(const std::string& value) const { return value; }
-  std::string operator()(const TabReference& tab) const { return "tab id " + tab.id; }
+  std::string operator()(const TabReference& tab) const { return tabText(tab.id); }
   std::string operator()(const WindowReference& reference) const {
-    return "window id " + reference.window.id;
+    return windowText(reference.window.id);
   }
   template <typename Item>
   std::string operator()(const std::vector<Item>& items) const {
@@ -58,6 +58,14 @@ std::string resultText(const ScriptValue& value) {
 std::string sourceText(const ScriptValue& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return "\"" + escaped(*text) + "\"";
   return resultText(value);
+}
+
+std::string tabText(const std::string& id) {
+  return "tab id " + id;
+}
+
+std::string windowText(const std::string& id) {
+  return "window id " + id;
 }
 
 std::size_t sizeOf(const ScriptValue& value) {

@@ -6,10 +6,12 @@
 #include <variant>
 #include <vector>
 
+#include "platform/linux/osascript/BrowserWindow.h"
 #include "platform/linux/osascript/MissingValue.h"
-#include "platform/linux/osascript/ScriptedBrowser.h"
 
 namespace talmo {
+
+class ScriptedBrowser;
 
 /// A tab, whether or not it still exists.
 struct TabReference {
@@ -41,6 +43,10 @@ std::string resultText(const ScriptValue& value);
 
 /// As a message names it: texts in quotes.
 std::string sourceText(const ScriptValue& value);
+
+/// The same for a tab and for a window with that name.
+std::string tabText(const std::string& id);
+std::string windowText(const std::string& id);
 
 /// About how many bytes it takes to copy.
 std::size_t sizeOf(const ScriptValue& value);

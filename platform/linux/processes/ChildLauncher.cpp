@@ -74,6 +74,7 @@ std::variant<FileDescriptor, std::string> launchChild(const ChildProcessParamete
   std::vector<std::string> texts{parameters.executable};
   texts.insert(texts.end(), parameters.arguments.begin(), parameters.arguments.end());
   std::vector<char*> arguments;
+  arguments.reserve(texts.size() + 1);
   for (std::string& text : texts) arguments.push_back(text.data());
   arguments.push_back(nullptr);
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/browsers/BrowserInstance.h"
+#include "tests/backend/browsers/PretendedBrowser.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestProcess.h"
 #include "tests/support/WaitUntil.h"
@@ -27,27 +28,9 @@ constexpr const char* withSocket = "--remote-debugging-port=0";
 /// Processes that run a program with a browser's name, and profiles with notes of sockets.
 class BrowserInstanceTest : public testing::Test {
  protected:
-  /// A shell under a browser's name.
-  std::filesystem::path install(const std::string& program) const {
-    std::filesystem::path path = folder() / program;
-    std::filesystem::create_directories(path.parent_path());
-    std::filesystem::copy_file("/usr/bin/bash", path, std::filesystem::copy_options::skip_existing);
-    return path;
-  }
-
-  /// The program waits for its end, whatever its options.
-  std::unique_ptr<TestProcess> start(const std::string& program, const Options& options,
-                                     const Environment& environment = {},
-                                     const std::string& script = "kill -STOP $$") {
-    const std::filesystem::path path = install(program);
-    Options arguments{path, "-c", script, "browser"};
-    arguments.insert(arguments.end(), options.begin(), options.end());
-    auto process = std::make_unique<TestProcess>(
-        TestProcess::Start{.arguments = arguments, .environment = environment});
-    const std::string link = "/proc/" + std::to_string(process->pid()) + "/exe";
-    std::error_code ignored;
-    EXPECT_TRUE(waitUntil([&] { return std::filesystem::read_symlink(link, ignored) == path; }));
-    return process;
+  PretendedBrowser start(const std::string& program, const Options& options,
+                         const Environment& environment = {}) const {
+    return PretendedBrowser(folder() / program, options, environment);
   }
 
   /// Leaves a note in a profile.
@@ -87,7 +70,7 @@ TEST_F(BrowserInstanceTest, TheSocketIsNotedInTheProfileOfTheCommandLine) {
   const auto process =
       start("vivaldi-bin", {withSocket, profileOption("/nowhere"),
                             profileOption(folder() / "my profile"), "https://example.com/"});
-  EXPECT_EQ(browserInstances(vivaldi), (Instances{{.process = process->pid(), .socket = address}}));
+  EXPECT_EQ(browserInstances(vivaldi), (Instances{{.process = process.pid(), .socket = address}}));
 }
 
 TEST_F(BrowserInstanceTest, ABrowserThatWasNotStartedWithASocketHasNone) {
@@ -135,9 +118,9 @@ TEST_F(BrowserInstanceTest, TheUsualProfileIsInTheConfigurationOfTheProcess) {
 
 TEST_F(BrowserInstanceTest, ARelativeProfileIsInTheFolderThatTheProcessWorksIn) {
   const DebuggingAddress address = note("work/profile");
-  const auto process =
-      start("vivaldi-bin", {withSocket, profileOption("profile")},
-            {{"WORK", (folder() / "work").string()}}, "cd \"$WORK\"; kill -STOP $$");
+  const PretendedBrowser process(folder() / "vivaldi-bin", {withSocket, profileOption("profile")},
+                                 {{"WORK", (folder() / "work").string()}},
+                                 "cd \"$WORK\"; kill -STOP $$");
   EXPECT_TRUE(waitUntil([&] { return socket(vivaldi) == address; }));
 }
 
@@ -146,12 +129,13 @@ TEST_F(BrowserInstanceTest, AProfileIsFoundInACommandLineThatWasWrittenAnew) {
   const DebuggingAddress address = note("my profile");
   const std::string line = std::string("vivaldi-bin --first ") + withSocket + " " +
                            profileOption(folder() / "my profile") + " https://example.com/";
+  PretendedBrowser::install(folder() / "vivaldi-bin");
   // A shell that has no arguments does what its environment says.
   std::ofstream(folder() / "script") << "kill -STOP $$\n";
   const TestProcess process(
       {.arguments = {"/usr/bin/bash", "-c", "BASH_ENV=$SCRIPT exec -a \"$LINE\" \"$PROGRAM\""},
        .environment = {{"LINE", line},
-                       {"PROGRAM", install("vivaldi-bin").string()},
+                       {"PROGRAM", (folder() / "vivaldi-bin").string()},
                        {"SCRIPT", (folder() / "script").string()}}});
   EXPECT_TRUE(waitUntil([&] {
     const Instances found = browserInstances(vivaldi);
@@ -162,8 +146,8 @@ TEST_F(BrowserInstanceTest, AProfileIsFoundInACommandLineThatWasWrittenAnew) {
 TEST_F(BrowserInstanceTest, ReleasesWithTheSameProgramNameAreToldApartByTheirFolders) {
   const auto stable = start("brave.com/brave/brave", {});
   const auto beta = start("brave.com/brave-beta/brave", {});
-  EXPECT_EQ(browserInstances(brave), (Instances{{.process = stable->pid()}}));
-  EXPECT_EQ(browserInstances(braveBeta), (Instances{{.process = beta->pid()}}));
+  EXPECT_EQ(browserInstances(brave), (Instances{{.process = stable.pid()}}));
+  EXPECT_EQ(browserInstances(braveBeta), (Instances{{.process = beta.pid()}}));
 }
 
 }  // namespace

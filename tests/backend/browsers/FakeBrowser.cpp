@@ -77,7 +77,7 @@ std::vector<nlohmann::json> FakeBrowser::received() const {
 void FakeBrowser::run() {
   for (;;) {
     Error error;
-    listener_->acceptor.accept(listener_->socket, error);
+    static_cast<void>(listener_->acceptor.accept(listener_->socket, error));
     {
       const MutexLock lock(mutex_);
       if (isEnding_) return;
@@ -87,7 +87,7 @@ void FakeBrowser::run() {
     serve();
     const MutexLock lock(mutex_);
     connection_ = -1;
-    listener_->socket.close(error);
+    static_cast<void>(listener_->socket.close(error));
   }
 }
 

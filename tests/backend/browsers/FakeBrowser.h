@@ -29,9 +29,9 @@ class FakeBrowser {
 
   struct Reply {
     /// Sent one after the other, each as a message.
-    std::vector<std::string> texts = {};
+    std::vector<std::string> texts;
     /// Bytes that follow as they are, past all framing.
-    std::string bytes = {};
+    std::string bytes;
     /// Whether the connection ends after that.
     bool closes = false;
   };

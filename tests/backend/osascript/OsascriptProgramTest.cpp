@@ -72,8 +72,8 @@ TEST(OsascriptProgram, RefusesWhatItDoesNotUnderstandWithItsPlace) {
   EXPECT_EQ(ran.termination, exit(1));
   EXPECT_EQ(ran.output, "");
   EXPECT_EQ(ran.errors,
-            "13:15: syntax error: Line 2, column 3: Expected expression but found "
-            "\u201Cdo\u201D. (-2741)\n");
+            "16:21: syntax error: Line 2, column 6: Expected \u201Cjavascript\u201D but found "
+            "\u201Cshell\u201D. (-2741)\n");
 }
 
 TEST(OsascriptProgram, SaysWhereAScriptStopped) {

@@ -14,7 +14,7 @@ namespace {
 TEST(OwnExecutables, StandInForTheMacsByTheirWholePath) {
   EXPECT_EQ(executableToStart("/usr/bin/osascript", "/a b"), "/a b/libexec/osascript");
   for (const char* other : {"/usr/bin/perl", "/usr/bin/osascript2", "/usr/local/bin/osascript",
-                            "osascript", "/bin/osascript", ""}) {
+                            "/other/usr/bin/osascript", "osascript", "/bin/osascript", ""}) {
     EXPECT_EQ(executableToStart(other, "/bundle"), other);
   }
 }

@@ -6,8 +6,10 @@
 #include "tests/support/ChromiumProcess.h"
 #include "tests/support/ImitationSite.h"
 #include "tests/support/KeyPresser.h"
+#include "tests/support/MprisClient.h"
 #include "tests/support/PrivateDesktop.h"
 #include "tests/support/TalmoProcess.h"
+#include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
 
@@ -19,6 +21,8 @@ TEST(BrowserWithoutSocketTest, IsNotScannedAndItsMediaSessionTakesTheKeysUnconfi
   arguments.push_back(video.youTube());
   const ChromiumProcess browser(desktop, {.arguments = arguments, .hasSocket = false});
   ASSERT_TRUE(site.waitFor("video", "plays"));
+  MprisClient session(desktop.busAddress(), "chromium.instance" + std::to_string(browser.pid()));
+  ASSERT_TRUE(waitUntil([&] { return session.metadata("xesam:title") == "First light"; }));
 
   TalmoProcess::select(desktop, "youtube-web");
   const TalmoProcess talmo(desktop, TALMO_PROGRAM);

@@ -37,6 +37,10 @@ class ProgramScripts : public ScriptTest, public testing::WithParamInterface<Bro
                                               WebPlayerRegistry::youTube()));
   }
 
+  std::string lastEffect() const {
+    return browser->effects().empty() ? "none" : browser->effects().back();
+  }
+
   std::string open(const std::string& url, const std::string& title = "Title") {
     return browser->openTab(window, url, title);
   }
@@ -147,7 +151,7 @@ TEST_P(ProgramScripts, AddressesAndSourcesArriveAsTheyWere) {
         "\u201C\u201D\u00E9", "', $(id), `id`"}) {
     const std::string tab = open("https://youtu.be/" + text);
     EXPECT_EQ(run("https://youtu.be/" + text, "a('" + text + "')"), "ok") << text;
-    EXPECT_EQ(browser->effects().back(), "run in tab " + tab + ": a('" + text + "')");
+    EXPECT_EQ(lastEffect(), "run in tab " + tab + ": a('" + text + "')");
     EXPECT_EQ(focus("https://youtu.be/" + text), "ok") << text;
     EXPECT_EQ(browser->shownTab(window), tab);
   }
@@ -162,7 +166,7 @@ TEST_P(ProgramScripts, TheScriptsOfEveryPlayerRun) {
       EXPECT_EQ(answer(WebRouteScripts::javaScriptRoute(GetParam(), bundleID,
                                                         WebTabMatch{.url = url}, target, source)),
                 "ok");
-      EXPECT_EQ(browser->effects().back(), "run in tab " + tab + ": " + source);
+      EXPECT_EQ(lastEffect(), "run in tab " + tab + ": " + source);
     }
   }
 }

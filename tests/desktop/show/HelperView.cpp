@@ -1,4 +1,4 @@
-#include "tests/desktop/HelperView.h"
+#include "tests/desktop/show/HelperView.h"
 
 #include <chrono>
 #include <cstdlib>

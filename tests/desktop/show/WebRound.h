@@ -1,0 +1,11 @@
+#pragma once
+
+#include "tests/desktop/show/ShowDesktop.h"
+
+namespace talmo::test {
+
+/// A real browser plays a page that imitates a web player's, and Talmo is pinned to that player.
+/// Whether every press did to the page what the key says. The browser has ended when this returns.
+bool runWebRound(ShowDesktop& show);
+
+}  // namespace talmo::test
