@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -20,8 +20,7 @@ constexpr long ticksPerSecond = 60;
 // An Apple event that sets no time-out waits about two minutes (`kAEDefaultTimeout`).
 constexpr long defaultTicks = 120 * ticksPerSecond;
 
-template <std::size_t count>
-bool contains(const std::array<std::string_view, count>& list, std::string_view selector) {
+bool contains(std::span<const std::string_view> list, std::string_view selector) {
   return std::ranges::find(list, selector) != list.end();
 }
 

@@ -263,6 +263,22 @@ TEST_P(NowPlayingTest, ALateAnswerOfTidalsIsNeitherShownNorRemembered) {
   EXPECT_THAT(history(), ElementsAre("One 1 (paused)", "Two 2 (paused)", "[TIDAL]"));
 }
 
+TEST_P(NowPlayingTest, AnAnswerOfTidalsAfterTheEndOfPollingIsNotRememberedEither) {
+  setCatalogue({{.title = "Song", .width = 1, .delay = late}});
+  setTarget("tidal");
+  const ProcessIdentifier process = launch(tidal);
+  machine().applications().setWindowTitles(process, {"Song - Artist"});
+  start();
+  ASSERT_TRUE(runUntil([&] { return requests().size() == 1; }));
+  nowPlaying().stopPolling();
+  ASSERT_TRUE(runUntil([&] { return machine().imageDecoder().decodes() >= 1; }));
+  ASSERT_TRUE(world().runMainQueue());
+  machine().applications().setWindowTitles(process, {});
+  start();
+  ASSERT_TRUE(runUntilShown("[TIDAL]"));
+  EXPECT_THAT(history(), ElementsAre("[TIDAL]"));
+}
+
 TEST_P(NowPlayingTest, TheSystemsAnswerForAnEarlierTargetIsNotShown) {
   setTarget("spotify");
   setSystem(launch(spotify), "Song");
