@@ -46,7 +46,7 @@ class AutoRouting : public DesktopTest {
   }
 };
 
-/// Two real players. Audacious was started last, so its window is the one in front of the other's.
+/// Two real players. Audacious was started last, so its window is in front and has the keyboard.
 class AutoRoutingOfTwo : public AutoRouting {
  protected:
   AutoRoutingOfTwo()
@@ -79,7 +79,6 @@ TEST_F(AutoRoutingOfTwo, TheOneThatPlaysGetsTheKeyWhicheverWasTouchedLast) {
   expectLine("auto: routing to Audacious (owner=org.atheme.audacious)");
   EXPECT_EQ(vlc_->mpris().playbackStatus(), "Paused");
   EXPECT_EQ(vlc_->mpris().track(), "tune-2.wav");
-  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(AutoRoutingOfTwo, PauseAndResumeGoToTheSamePlayerAlthoughTheOtherIsOpen) {
@@ -97,7 +96,6 @@ TEST_F(AutoRoutingOfTwo, PauseAndResumeGoToTheSamePlayerAlthoughTheOtherIsOpen) 
   EXPECT_TRUE(vlc_->waitForStatus("Playing")) << talmo_->log();
   expectLine("auto: routing to VLC (owner=org.videolan.vlc)");
   EXPECT_EQ(audacious_->mpris().playbackStatus(), "Paused");
-  EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
 TEST_F(AutoRouting, AQuickSecondPressGoesToTheSamePlayerAlthoughAnotherOneStarted) {
