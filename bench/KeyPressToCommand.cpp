@@ -1,16 +1,14 @@
-// From a press of a media key to the command that arrives at the player: through the whole program
-// (`talmo`), and through the least that could do it (`floor`: one grab, one D-Bus message). Both
-// run side by side on one private display and bus, on keys of their own, and the presses alternate,
-// so that whatever the machine is doing meets both.
+// From a press of a media key to the command that arrives at the player: through the whole program,
+// pinned to the player (`talmo`) and in auto mode in a quick run of presses (`auto`), and through
+// the least that could do it (`floor`: one grab, one D-Bus message). All run side by side on one
+// private bus, the one in auto mode on a display of its own, the other two on keys of their own,
+// and the presses take turns, so that whatever the machine is doing meets all.
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
-#include <mutex>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -19,6 +17,7 @@
 #include <systemd/sd-bus.h>
 #include <xcb/xcb.h>
 
+#include "bench/Arrival.h"
 #include "bench/Samples.h"
 #include "tests/support/FakePlayer.h"
 #include "tests/support/KeyPresser.h"
@@ -32,29 +31,6 @@ namespace talmo::test {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-/// When the last command arrived.
-class Arrival {
- public:
-  void set() {
-    const auto now = Clock::now();
-    const std::lock_guard lock(mutex_);
-    at_ = now;
-    changed_.notify_one();
-  }
-
-  /// Waits for the next command; nothing when none comes.
-  std::optional<Clock::time_point> take() {
-    std::unique_lock lock(mutex_);
-    changed_.wait_for(lock, std::chrono::seconds(5), [this] { return at_.has_value(); });
-    return std::exchange(at_, std::nullopt);
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  std::optional<Clock::time_point> at_;
-};
 
 /// The least program: grabs one key and sends one message for each press.
 class Floor {
@@ -115,10 +91,36 @@ class Floor {
   std::thread thread_;
 };
 
+/// Talmo with a display and settings of its own.
+class TalmoDesk {
+ public:
+  /// Waits until Talmo has logged `line`. Throws when it does not come so far.
+  TalmoDesk(const PrivateBus& bus, const std::string& selection, const std::string& line) {
+    std::filesystem::create_directories(folder_.path() / "talmo");
+    std::ofstream(folder_.path() / "talmo" / "settings.json")
+        << R"({"selectedTargetAppID": ")" << selection << "\"}";
+    talmo_ = std::make_unique<TestProcess>(
+        TestProcess::Start{.arguments = {TALMO_PROGRAM},
+                           .environment = {{"DISPLAY", display_.name()},
+                                           {"DBUS_SESSION_BUS_ADDRESS", bus.address()},
+                                           {"XDG_CONFIG_HOME", folder_.path().string()},
+                                           {"XDG_RUNTIME_DIR", folder_.path().string()}}});
+    const auto isLogged = [&] { return talmo_->output().find(line) != std::string::npos; };
+    if (!waitUntil(isLogged)) throw std::runtime_error("talmo did not start");
+  }
+
+  const std::string& displayName() const { return display_.name(); }
+  KeyPresser& keys() { return keys_; }
+
+ private:
+  const PrivateDisplay display_;
+  const TemporaryFolder folder_;
+  KeyPresser keys_{display_.name()};
+  std::unique_ptr<TestProcess> talmo_;
+};
+
 void pressToCommand(benchmark::State& state) {
-  const PrivateDisplay display;
   const PrivateBus bus;
-  const TemporaryFolder folder;
   ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
 
   Arrival atTalmosPlayer;
@@ -128,40 +130,29 @@ void pressToCommand(benchmark::State& state) {
   const FakePlayer floorsPlayer(
       {.name = "floor", .onCommand = [&](const std::string&) { atFloorsPlayer.set(); }});
 
-  std::filesystem::create_directories(folder.path() / "talmo");
-  std::ofstream(folder.path() / "talmo" / "settings.json")
-      << R"({"selectedTargetAppID": "audacious"})";
-  TestProcess talmo({.arguments = {TALMO_PROGRAM},
-                     .environment = {{"DISPLAY", display.name()},
-                                     {"DBUS_SESSION_BUS_ADDRESS", bus.address()},
-                                     {"XDG_CONFIG_HOME", folder.path().string()}}});
-  const auto logged = [&](const char* text) {
-    return talmo.output().find(text) != std::string::npos;
-  };
-  if (!waitUntil([&] { return logged("Routing media keys to Audacious"); })) {
-    state.SkipWithError("talmo did not start");
-    return;
-  }
-  KeyPresser keys(display.name());
-  const Floor floor(display.name(), keys.keycode("XF86AudioStop"));
+  TalmoDesk pinned(bus, "audacious", "Routing media keys to Audacious");
+  TalmoDesk automatic(bus, "auto", "Routing media keys automatically");
+  const Floor floor(pinned.displayName(), pinned.keys().keycode("XF86AudioStop"));
 
-  const auto measure = [&](const char* key, Arrival& arrival) {
+  const auto measure = [](TalmoDesk& desk, const char* key, Arrival& arrival) {
     const auto start = Clock::now();
-    keys.tap(key);
-    const std::optional<Clock::time_point> arrived = arrival.take();
-    if (!arrived) throw std::runtime_error("a command did not arrive");
-    return *arrived - start;
+    desk.keys().tap(key);
+    return arrival.take() - start;
   };
   Samples throughTalmo;
+  Samples inAutoMode;
   Samples throughFloor;
   for (auto _ : state) {
-    throughFloor.add(measure("XF86AudioStop", atFloorsPlayer));
-    throughTalmo.add(measure("XF86AudioNext", atTalmosPlayer));
+    throughFloor.add(measure(pinned, "XF86AudioStop", atFloorsPlayer));
+    throughTalmo.add(measure(pinned, "XF86AudioNext", atTalmosPlayer));
+    inAutoMode.add(measure(automatic, "XF86AudioNext", atTalmosPlayer));
     state.SetIterationTime(throughTalmo.last());
   }
   state.counters["talmo_us"] = throughTalmo.median() * 1e6;
+  state.counters["auto_us"] = inAutoMode.median() * 1e6;
   state.counters["floor_us"] = throughFloor.median() * 1e6;
   state.counters["ratio"] = throughTalmo.median() / throughFloor.median();
+  state.counters["auto_ratio"] = inAutoMode.median() / throughFloor.median();
 }
 
 BENCHMARK(pressToCommand)
