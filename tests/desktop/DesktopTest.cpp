@@ -17,6 +17,8 @@ TalmoProcess& DesktopTest::startTalmo(const std::optional<std::string>& selectio
 }
 
 TalmoProcess& DesktopTest::startTalmo() {
+  // The one before has the keys until it has ended.
+  talmo_ = nullptr;
   talmo_ = std::make_unique<TalmoProcess>(desktop_, TALMO_PROGRAM);
   return *talmo_;
 }

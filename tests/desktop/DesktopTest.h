@@ -23,7 +23,7 @@ class DesktopTest : public ::testing::Test {
   /// Starts Talmo with `selection` as its stored target.
   TalmoProcess& startTalmo(const std::optional<std::string>& selection);
 
-  /// Starts Talmo with the settings as they are.
+  /// Starts Talmo with the settings as they are; one that runs is ended before.
   TalmoProcess& startTalmo();
 
   /// Types "z", which nobody but the window in front takes, waits until that window has it, and

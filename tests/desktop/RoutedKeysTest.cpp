@@ -176,16 +176,6 @@ TEST_F(AutomaticKeys, AreTakenEvenBeforeAnythingPlays) {
   EXPECT_EQ(windowAfterTyping(), "+z -z");
 }
 
-TEST_F(AutomaticKeys, LaunchTheFirstInstalledPlayerWithPlayPause) {
-  install("vlc", FakePlayerProcess::command("vlc"));
-  startTalmo(std::nullopt);
-  keys_.tap("XF86AudioPlay");
-  EXPECT_TRUE(talmo_->waitForLines("Launching VLC")) << talmo_->log();
-  EXPECT_TRUE(waitUntil([this] { return desktop_.processes("talmo-fake-player").size() == 1; }))
-      << talmo_->log();
-  EXPECT_EQ(windowAfterTyping(), "+z -z");
-}
-
 TEST_F(AutomaticKeys, AreWhatAStoredRoutingOffMeans) {
   startTalmo("none");
   keys_.tap("XF86AudioNext");

@@ -57,7 +57,42 @@ bool PlayerRounds::run() {
   bool good = runPinned(*vlc_, *audacious_);
   good = runPinned(*audacious_, *vlc_) && good;
   show_.takePicture("talmo-show.png");
-  return good;
+  return runAuto() && good;
+}
+
+bool PlayerRounds::act(DesktopPlayer& player, const char* method, const std::string& expected) {
+  const bool good = player.mpris().call(method) && player.waitForStatus(expected);
+  return ShowDesktop::print("By hand: " + std::string(method) + " in " + player.displayName(),
+                            good);
+}
+
+bool PlayerRounds::runAuto() {
+  show_.startTalmo("auto", "Talmo in auto mode, both players there");
+  show_.focusWindow();
+  const auto press = [this](const ShowKey& key, DesktopPlayer& player, const Sight& expected) {
+    const bool good = show_.press(
+        key, player.displayName(), [&] { return look(player).text(); },
+        [&] { return look(player) == expected; });
+    return show_.helperSees([&](const auto& snapshot) {
+      return sees(snapshot, player, expected);
+    }) && good;
+  };
+  const std::string first = tunes_[0].filename();
+  const std::string second = tunes_[1].filename();
+
+  bool good = act(*vlc_, "Pause", "Paused");
+  good = press(playPauseKey, *audacious_, {"Paused", first}) && good;
+  good = act(*vlc_, "Play", "Playing") && good;
+  // AutoRouting.cpp's age of a recent owner, and a second more.
+  show_.wait(std::chrono::seconds(16), "until what Talmo knows of the session is old");
+  good = press(nextKey, *vlc_, {"Playing", second}) && good;
+  good = press(playPauseKey, *vlc_, {"Paused", second}) && good;
+  good = press(playPauseKey, *vlc_, {"Playing", second}) && good;
+  good = show_.windowGotNoKeys() && good;
+  good = ShowDesktop::print("Audacious was left alone since (" + look(*audacious_).text() + ")",
+                            look(*audacious_) == Sight{"Paused", first}) &&
+         good;
+  return show_.endTalmo() && good;
 }
 
 bool PlayerRounds::runPinned(DesktopPlayer& player, DesktopPlayer& other) {

@@ -99,6 +99,11 @@ bool ShowDesktop::helperSees(
   return good;
 }
 
+void ShowDesktop::wait(std::chrono::milliseconds time, const std::string& why) {
+  std::cout << "  " << time / 1s << " s pass, " << why << std::endl;
+  if (waitUntil([] { return interrupted != 0; }, time)) throw std::runtime_error("interrupted");
+}
+
 bool ShowDesktop::windowGotNoKeys() {
   keys_.tap("a");
   waitUntil([this] { return window_.transcript().ends_with("-a"); }, patience);

@@ -52,6 +52,9 @@ class ShowDesktop {
   bool helperSees(
       const std::function<bool(const std::optional<AdapterNowPlayingSnapshot>&)>& isRight);
 
+  /// Lets time pass and prints why. Throws when the show is interrupted.
+  static void wait(std::chrono::milliseconds time, const std::string& why);
+
   /// Types a letter into the window in front and prints whether it got that and no key before it.
   bool windowGotNoKeys();
 

@@ -12,6 +12,7 @@
 namespace talmo {
 namespace {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
@@ -85,7 +86,7 @@ TEST(ScanOutput, HostileTextIsKeptAsText) {
   const std::string hostile = R"(" & (do shell script "touch /tmp/x") & "\)";
   EXPECT_THAT(parse(watch + ("\t" + hostile) + "\n"), ElementsAre(youTube(watch, hostile)));
   EXPECT_THAT(parse(watch + hostile + "\tOne\n"), ElementsAre(youTube(watch + hostile, "One")));
-  EXPECT_THAT(parse(std::string("https://www.youtube.com/watch?v=\0\tOne\n", 41)), IsEmpty());
+  EXPECT_THAT(parse("https://www.youtube.com/watch?v=\0\tOne\n"s), IsEmpty());
   EXPECT_THAT(parse("https://www.youtube.com/watch?v=\r1\tOne\n"), IsEmpty());
   EXPECT_THAT(parse("https://www.youtube.com/watch?v=1\t\xFF\xFE\n"),
               ElementsAre(youTube(watch, "\xFF\xFE")));
