@@ -51,7 +51,8 @@ constexpr Way confirmedAdapter{
 constexpr Way javaScript{.logged = "route=js ", .told = "click .ytp-play-button"};
 constexpr Way keyStroke{.logged = "route=keystroke ", .told = "key KeyK", .isLocked = true};
 
-/// The built Talmo's osascript, but for a browser that refuses to run scripts.
+/// The built osascript, as if the browser refused to run scripts, which Chromium never does. The
+/// refusal comes sooner than osascript's own would.
 constexpr const char* refusingScripts = R"sh(case "$2" in *"execute tgt javascript"*)
   echo 'execution error: Allow JavaScript from Apple Events is off (12)' >&2
   exit 1
