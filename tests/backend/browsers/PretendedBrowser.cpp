@@ -1,6 +1,8 @@
 #include "tests/backend/browsers/PretendedBrowser.h"
 
+#include <fstream>
 #include <stdexcept>
+#include <system_error>
 
 #include "tests/support/WaitUntil.h"
 
@@ -31,9 +33,14 @@ PretendedBrowser::PretendedBrowser(const std::filesystem::path& program,
                                    const std::map<std::string, std::string>& environment,
                                    const std::string& script)
     : process_(command(program, options, environment, script)) {
-  const std::string link = "/proc/" + std::to_string(pid()) + "/exe";
-  std::error_code ignored;
-  if (!waitUntil([&] { return std::filesystem::read_symlink(link, ignored) == program; })) {
+  const std::filesystem::path process = "/proc/" + std::to_string(pid());
+  // The program is there before its arguments are, and these before its environment is.
+  const auto hasStarted = [&] {
+    std::error_code ignored;
+    if (std::filesystem::read_symlink(process / "exe", ignored) != program) return false;
+    return std::ifstream(process / "environ").peek() != std::ifstream::traits_type::eof();
+  };
+  if (!waitUntil(hasStarted)) {
     throw std::runtime_error("no process runs " + program.string());
   }
 }
