@@ -1,9 +1,9 @@
 #pragma once
 
+#include <poll.h>
+
 #include "platform/linux/applications/BusConnection.h"
 #include "support/Time.h"
-
-struct pollfd;
 
 namespace talmo {
 
