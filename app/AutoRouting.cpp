@@ -23,7 +23,6 @@ constexpr Logger log("coordinator");
 
 // A quick run of key presses stays on one player.
 constexpr Duration sameTargetFor = std::chrono::seconds(2);
-constexpr Duration recentOwnerAge = std::chrono::seconds(15);
 
 /// The media session, as far as it decides where a key goes.
 struct Session {
@@ -33,7 +32,7 @@ struct Session {
 };
 
 Session currentSession() {
-  if (const auto recent = AdapterNowPlaying::recentOwner(recentOwnerAge)) {
+  if (const auto recent = AdapterNowPlaying::recentOwner()) {
     return {recent->parentBundleID.value_or(recent->bundleID), recent->title, true};
   }
   if (const auto snapshot = AdapterNowPlaying::getSync()) {

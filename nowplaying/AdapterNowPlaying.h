@@ -32,6 +32,8 @@ class AdapterNowPlaying : public std::enable_shared_from_this<AdapterNowPlaying>
   using Completion = std::function<void(std::optional<AdapterNowPlayingSnapshot>)>;
 
   static constexpr Duration defaultTimeout = std::chrono::milliseconds(1500);
+  /// For so long an owner that was seen is believed.
+  static constexpr Duration recentOwnerAge = std::chrono::seconds(15);
 
   static std::shared_ptr<AdapterNowPlaying> make();
 
@@ -66,7 +68,7 @@ class AdapterNowPlaying : public std::enable_shared_from_this<AdapterNowPlaying>
   static void send(std::int32_t commandID, Duration timeout = defaultTimeout);
 
   /// Who owned the session when anybody last learnt it, at most that long ago. Any thread.
-  static std::optional<AdapterOwner> recentOwner(Duration maxAge);
+  static std::optional<AdapterOwner> recentOwner(Duration maxAge = recentOwnerAge);
 
   // How lines become snapshots (AdapterSnapshots.cpp). Any thread.
 

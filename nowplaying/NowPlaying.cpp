@@ -178,15 +178,17 @@ void NowPlaying::show(const Poll& poll, NowPlayingState next) {
 void NowPlaying::showWithArtwork(const PollPointer& poll, const NowPlayingTrack& track) {
   show(*poll, track);
   if (track.artwork) return;
-  artwork_->resolveLookupArtwork(
-      track.title, track.artist,
-      [weak = weak_from_this(), poll, track](std::optional<Image> image) {
-        const std::shared_ptr<NowPlaying> self = weak.lock();
-        if (!self || !image) return;
-        NowPlayingTrack completed = track;
-        completed.artwork = std::move(image);
-        self->show(*poll, std::move(completed));
-      });
+  artwork_->resolveLookupArtwork(track.title, track.artist, completing(poll, track));
+}
+
+ArtworkLookup::Completion NowPlaying::completing(const PollPointer& poll, NowPlayingTrack track) {
+  return [weak = weak_from_this(), poll,
+          track = std::move(track)](std::optional<Image> image) mutable {
+    const std::shared_ptr<NowPlaying> self = weak.lock();
+    if (!self || !image) return;
+    track.artwork = std::move(image);
+    self->show(*poll, std::move(track));
+  };
 }
 
 void NowPlaying::setHero(NowPlayingState next) {

@@ -86,6 +86,8 @@ class NowPlaying : public std::enable_shared_from_this<NowPlaying> {
   void show(const Poll& poll, NowPlayingState next);
   /// Shows the track, and once more when the catalogue had the artwork that it lacks.
   void showWithArtwork(const PollPointer& poll, const NowPlayingTrack& track);
+  /// Shows the track once more when its artwork has come.
+  ArtworkLookup::Completion completing(const PollPointer& poll, NowPlayingTrack track);
   void setHero(NowPlayingState next);
 
   // The players that are asked themselves (PlayerFallbacks.cpp).

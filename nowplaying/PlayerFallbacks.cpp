@@ -73,14 +73,7 @@ void NowPlaying::publishScripted(const PollPointer& poll,
                               .isPlaying = track->isPlaying};
   show(*poll, shown);
   if (shown.artwork) return;
-  artwork_->resolveSpotifyArtwork(
-      track->artworkUrl, [weak = weak_from_this(), poll, shown](std::optional<Image> image) {
-        const std::shared_ptr<NowPlaying> self = weak.lock();
-        if (!self || !image) return;
-        NowPlayingTrack completed = shown;
-        completed.artwork = std::move(image);
-        self->show(*poll, std::move(completed));
-      });
+  artwork_->resolveSpotifyArtwork(track->artworkUrl, completing(poll, shown));
 }
 
 void NowPlaying::pollTidal(const PollPointer& poll, ProcessIdentifier process) {

@@ -23,7 +23,6 @@ namespace {
 using Verdict = WebSessionOwnership::Verdict;
 
 constexpr Logger log("web-tab");
-constexpr Duration recentOwnerAge = std::chrono::seconds(15);
 constexpr Duration scriptTimeout = std::chrono::milliseconds(1300);
 
 /// Whether the session is that browser's, or one of its helper processes'.
@@ -83,7 +82,7 @@ void WebPlayerController::drive(WebCommand command, const WebTabMatch& tab) {
 
 bool WebPlayerController::sendToRecentOwner(WebCommand command, const WebTabMatch& tab,
                                             const std::vector<WebTabMatch>& siblings) {
-  const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner(recentOwnerAge);
+  const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner();
   if (!owner || !isOwnedBy(*owner, tab.browserBundleID)) return false;
   if (WebSessionOwnership::judge(owner->title, tab, siblings) == Verdict::other) return false;
   AdapterNowPlaying::send(mediaRemoteID(command));

@@ -21,7 +21,6 @@ using namespace std::chrono_literals;
 constexpr Logger log("web-tab");
 constexpr Duration period = 4s;
 constexpr Duration tolerance = 1s;
-constexpr Duration recentOwnerAge = 15s;
 
 struct State {
   Mutex cacheLock;
@@ -45,7 +44,7 @@ std::string summary(const std::vector<WebTabMatch>& matches) {
 
 WebTabDetection::Matches scanAndCache() {
   std::vector<WebTabMatch> all = WebTabScanner::scan();
-  const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner(recentOwnerAge);
+  const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner();
   WebTabDetection::Matches best =
       owner
           ? WebTabScanner::bestPerTarget(all, owner->bundleID, owner->parentBundleID, owner->title)

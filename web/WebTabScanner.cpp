@@ -20,13 +20,12 @@ namespace {
 
 constexpr Logger log("web-tab");
 constexpr Duration scanTimeout = std::chrono::seconds(2);
-constexpr Duration recentOwnerAge = std::chrono::seconds(15);
 // Compared after it was counted up, so that a script writes one line more.
 constexpr int tabLimit = 50;
 
 /// The browsers to ask: those that run and that the person lets the program automate.
 std::vector<SupportedBrowser> automatableBrowsers() {
-  const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner(recentOwnerAge);
+  const std::optional<AdapterOwner> owner = AdapterNowPlaying::recentOwner();
   std::vector<SupportedBrowser> granted;
   for (SupportedBrowser& browser : SupportedBrowsers::runningFrontmostFirst(
            owner ? std::optional(owner->bundleID) : std::nullopt)) {
