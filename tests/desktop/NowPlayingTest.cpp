@@ -172,10 +172,11 @@ TEST_F(NowPlayingTest, TenRoundsOfStartAndStopLeaveNothingBehind) {
     ASSERT_EQ(helpers().size(), 1U);
     adapter_->stop();
     ASSERT_TRUE(runUntil([&] { return helpers().empty(); })) << "round " << round;
-    // The first round opens what stays open.
+    // The first round opens what stays open; what watched its ended helper may close a moment
+    // later, so that ten rounds may come out below this but never above.
     if (round == 0) before = openDescriptors();
   }
-  EXPECT_TRUE(runUntil([&] { return openDescriptors() == before; }))
+  EXPECT_TRUE(runUntil([&] { return openDescriptors() <= before; }))
       << openDescriptors() << " instead of " << before;
 }
 
