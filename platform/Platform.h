@@ -2,11 +2,13 @@
 
 #include "platform/Accessibility.h"
 #include "platform/AppleEvents.h"
+#include "platform/Application.h"
 #include "platform/AudioObjects.h"
 #include "platform/Bundle.h"
 #include "platform/ChildProcesses.h"
 #include "platform/ComponentStates.h"
 #include "platform/Dispatch.h"
+#include "platform/EventMonitors.h"
 #include "platform/EventTap.h"
 #include "platform/ImageDecoder.h"
 #include "platform/KeyEvents.h"
@@ -14,6 +16,8 @@
 #include "platform/MediaRemote.h"
 #include "platform/Network.h"
 #include "platform/Notifications.h"
+#include "platform/Panels.h"
+#include "platform/StatusBar.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
@@ -31,10 +35,12 @@ class Platform {
 
   virtual Accessibility& accessibility() = 0;
   virtual AppleEvents& appleEvents() = 0;
+  virtual Application& application() = 0;
   virtual AudioObjects& audioObjects() = 0;
   virtual Bundle& bundle() = 0;
   virtual ChildProcesses& childProcesses() = 0;
   virtual Dispatch& dispatch() = 0;
+  virtual EventMonitors& eventMonitors() = 0;
   virtual EventTap& eventTap() = 0;
   virtual ImageDecoder& imageDecoder() = 0;
   virtual KeyEvents& keyEvents() = 0;
@@ -42,8 +48,12 @@ class Platform {
   virtual MediaRemote& mediaRemote() = 0;
   virtual Network& network() = 0;
   virtual Notifications& notifications() = 0;
+  virtual Panels& panels() = 0;
+  virtual StatusBar& statusBar() = 0;
   virtual UserDefaults& userDefaults() = 0;
   virtual Workspace& workspace() = 0;
+  /// The notification centre that the workspace posts to.
+  virtual Notifications& workspaceNotifications() = 0;
 
   ComponentStates& states() { return states_; }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Image.h"
 #include "platform/LocalPlayer.h"
 #include "platform/RunningApplication.h"
 #include "support/Time.h"
@@ -17,6 +18,13 @@ namespace talmo {
 /// fails is logged by the backend and otherwise silent.
 class Workspace {
  public:
+  // Posted to the workspace's notification centre.
+
+  /// Another application came to the front (`NSWorkspaceDidActivateApplicationNotification`).
+  static constexpr auto didActivateApplication = "NSWorkspaceDidActivateApplicationNotification";
+  /// Another desktop is shown (`NSWorkspaceActiveSpaceDidChangeNotification`).
+  static constexpr auto activeSpaceDidChange = "NSWorkspaceActiveSpaceDidChangeNotification";
+
   virtual ~Workspace() = default;
 
   /// Where the application is installed, as a URL that `openApplication` takes; nothing when it is
@@ -41,6 +49,10 @@ class Workspace {
 
   /// When the person last used the application at `url`; nothing when the system keeps no record.
   virtual std::optional<Date> lastUsedDate(const std::string& url) const = 0;
+
+  /// The icon of the application at `url`, about `pixels` wide and high; nothing when it has none.
+  /// Main thread only.
+  virtual std::optional<Image> icon(const std::string& url, int pixels) const = 0;
 
   /// The scriptable players of this system that exist on no other; constant for the process.
   virtual std::vector<LocalPlayer> localPlayers() const = 0;
