@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/linux/applications/LinuxApplications.h"
+#include "platform/linux/interface/LinuxInterface.h"
 
 namespace talmo {
 
@@ -14,12 +15,35 @@ LinuxPlatform::LinuxPlatform(std::filesystem::path bundleFolder)
       appleEvents_(bundle_.resourcePath("browser-consent", "html").value_or("")),
       workspace_(dispatch_),
       notifications_(dispatch_),
-      mediaRemote_(notifications_) {}
+      workspaceNotifications_(dispatch_),
+      mediaRemote_(notifications_),
+      interface_(std::make_unique<LinuxInterface>(dispatch_, bundle_, notifications_,
+                                                  workspaceNotifications_)) {}
 
 LinuxPlatform::~LinuxPlatform() {
   dispatch_.shutdown();
   // The components' records may hold queues.
   states().clear();
+}
+
+Application& LinuxPlatform::application() {
+  return interface_->program;
+}
+
+EventMonitors& LinuxPlatform::eventMonitors() {
+  return interface_->eventMonitors;
+}
+
+Panels& LinuxPlatform::panels() {
+  return interface_->panels;
+}
+
+StatusBar& LinuxPlatform::statusBar() {
+  return interface_->statusBar;
+}
+
+LinuxProgram& LinuxPlatform::program() {
+  return interface_->program;
 }
 
 }  // namespace talmo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
@@ -21,8 +22,12 @@
 
 namespace talmo {
 
+class LinuxProgram;
+struct LinuxInterface;
+
 /// The services of a Linux desktop. The thread that makes it is the main thread; it destroys it
-/// after every tap has been stopped, and while it is still the platform in use.
+/// after every tap has been stopped, and while it is still the platform in use. It has an interface
+/// when a `Toolkit` was made before, which lives longer.
 class LinuxPlatform : public Platform {
  public:
   /// The bundle's folder is the running program's, or another absolute one.
@@ -32,10 +37,12 @@ class LinuxPlatform : public Platform {
 
   LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  Application& application() override;
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
+  EventMonitors& eventMonitors() override;
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
@@ -43,8 +50,14 @@ class LinuxPlatform : public Platform {
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
   LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
+  Panels& panels() override;
+  StatusBar& statusBar() override;
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
+  MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
+
+  /// The application service as what it is here.
+  LinuxProgram& program();
 
  private:
   LinuxBundle bundle_;
@@ -60,7 +73,9 @@ class LinuxPlatform : public Platform {
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
   MainQueueNotifications notifications_;
+  MainQueueNotifications workspaceNotifications_;
   LinuxMediaRemote mediaRemote_;
+  std::unique_ptr<LinuxInterface> interface_;
   // Goes first: its completions may ask for any other service.
   LinuxNetwork network_;
 };
