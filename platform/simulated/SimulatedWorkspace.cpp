@@ -58,6 +58,13 @@ void SimulatedWorkspace::openURL(const std::string& url) {
 }
 
 std::optional<Date> SimulatedWorkspace::lastUsedDate(const std::string& url) const {
+  Duration duration{};
+  {
+    const MutexLock lock(mutex_);
+    lastUseQueries_.push_back(dispatch_.isMainThread());
+    duration = lastUseDuration_;
+  }
+  if (duration > Duration::zero()) dispatch_.makeSemaphore(0)->wait(duration);
   const std::optional<SimulatedApplications::Installed> installed =
       applications_.installed(bundleIDOf(url));
   return installed ? installed->lastUsed : std::nullopt;
@@ -71,6 +78,16 @@ std::vector<LocalPlayer> SimulatedWorkspace::localPlayers() const {
 void SimulatedWorkspace::setLocalPlayers(std::vector<LocalPlayer> players) {
   const MutexLock lock(mutex_);
   localPlayers_ = std::move(players);
+}
+
+void SimulatedWorkspace::setLastUseDuration(Duration duration) {
+  const MutexLock lock(mutex_);
+  lastUseDuration_ = duration;
+}
+
+std::vector<bool> SimulatedWorkspace::lastUseQueries() const {
+  const MutexLock lock(mutex_);
+  return lastUseQueries_;
 }
 
 std::vector<std::string> SimulatedWorkspace::openedApplications() const {
