@@ -26,6 +26,7 @@ class SimulatedWorkspace : public Workspace {
   void openApplication(const std::string& url) override;
   void openURL(const std::string& url) override;
   std::optional<Date> lastUsedDate(const std::string& url) const override;
+  std::optional<Image> icon(const std::string& url, int pixels) const override;
   std::vector<LocalPlayer> localPlayers() const override;
 
   /// What this system's backend contributes; none at first. Before the registry is first asked.
@@ -39,6 +40,8 @@ class SimulatedWorkspace : public Workspace {
   /// The URLs of all applications that were to be opened, in order.
   std::vector<std::string> openedApplications() const;
   std::vector<std::string> openedURLs() const;
+  /// The URLs of all applications whose icon was asked for, in order.
+  std::vector<std::string> iconsAskedFor() const;
 
  private:
   Dispatch& dispatch_;
@@ -48,6 +51,7 @@ class SimulatedWorkspace : public Workspace {
   Duration lastUseDuration_ TALMO_GUARDED_BY(mutex_) = Duration::zero();
   mutable std::vector<bool> lastUseQueries_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedApplications_ TALMO_GUARDED_BY(mutex_);
+  mutable std::vector<std::string> iconsAskedFor_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedURLs_ TALMO_GUARDED_BY(mutex_);
 };
 
