@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/AppleEvents.h"
+#include "platform/Application.h"
 #include "platform/AudioObjects.h"
 #include "platform/Bundle.h"
 #include "platform/ChildProcesses.h"
@@ -31,10 +32,12 @@ class Platform {
 
   virtual Accessibility& accessibility() = 0;
   virtual AppleEvents& appleEvents() = 0;
+  virtual Application& application() = 0;
   virtual AudioObjects& audioObjects() = 0;
   virtual Bundle& bundle() = 0;
   virtual ChildProcesses& childProcesses() = 0;
   virtual Dispatch& dispatch() = 0;
+  virtual Notifications& distributedNotifications() = 0;
   virtual EventTap& eventTap() = 0;
   virtual ImageDecoder& imageDecoder() = 0;
   virtual KeyEvents& keyEvents() = 0;

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAccessibility.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
+#include "platform/simulated/SimulatedApplication.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedBundle.h"
@@ -51,10 +52,12 @@ class SimulatedPlatform : public Platform {
 
   SimulatedAccessibility& accessibility() override { return accessibility_; }
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
+  SimulatedApplication& application() override { return application_; }
   SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   SimulatedBundle& bundle() override { return bundle_; }
   SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
   Dispatch& dispatch() override { return *dispatch_; }
+  MainQueueNotifications& distributedNotifications() override { return distributedNotifications_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
@@ -76,6 +79,7 @@ class SimulatedPlatform : public Platform {
   SimulatedApplications applications_;
   SimulatedAccessibility accessibility_{applications_};
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedApplication application_{*dispatch_};
   SimulatedAudioObjects audioObjects_;
   SimulatedBundle bundle_;
   SimulatedChildProcesses childProcesses_{*dispatch_};
@@ -83,8 +87,9 @@ class SimulatedPlatform : public Platform {
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedNetwork network_{*dispatch_};
-  SimulatedWorkspace workspace_{applications_};
+  SimulatedWorkspace workspace_{applications_, *dispatch_};
   MainQueueNotifications notifications_{*dispatch_};
+  MainQueueNotifications distributedNotifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};
 };
 

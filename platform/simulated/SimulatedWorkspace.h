@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/Dispatch.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/Workspace.h"
 #include "support/Mutex.h"
@@ -14,13 +16,17 @@ namespace talmo {
 /// The workspace of the simulated machine. An application that is opened runs at once. Any thread.
 class SimulatedWorkspace : public Workspace {
  public:
-  explicit SimulatedWorkspace(SimulatedApplications& applications) : applications_(applications) {}
+  SimulatedWorkspace(SimulatedApplications& applications, Dispatch& dispatch)
+      : applications_(applications), dispatch_(dispatch) {}
 
   std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
   std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
   std::optional<RunningApplication> runningApplication(ProcessIdentifier process) const override;
   std::optional<std::string> frontmostApplication() const override;
   void openApplication(const std::string& url) override;
+  void openNewInstance(
+      const std::string& url,
+      std::function<void(const std::optional<std::string>& error)> completion) override;
   void openURL(const std::string& url) override;
   std::optional<Date> lastUsedDate(const std::string& url) const override;
   std::vector<LocalPlayer> localPlayers() const override;
@@ -28,15 +34,22 @@ class SimulatedWorkspace : public Workspace {
   /// What this system's backend contributes; none at first. Before the registry is first asked.
   void setLocalPlayers(std::vector<LocalPlayer> players);
 
+  /// Why no new instance can be opened from now on; nothing, as at first, when they can.
+  void setNewInstanceError(std::optional<std::string> error);
+
   /// The URLs of all applications that were to be opened, in order.
   std::vector<std::string> openedApplications() const;
+  std::vector<std::string> newInstances() const;
   std::vector<std::string> openedURLs() const;
 
  private:
   SimulatedApplications& applications_;
+  Dispatch& dispatch_;
   mutable Mutex mutex_;
   std::vector<LocalPlayer> localPlayers_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedApplications_ TALMO_GUARDED_BY(mutex_);
+  std::vector<std::string> newInstances_ TALMO_GUARDED_BY(mutex_);
+  std::optional<std::string> newInstanceError_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedURLs_ TALMO_GUARDED_BY(mutex_);
 };
 

@@ -16,10 +16,12 @@ class TestPlatform : public Platform {
   struct Services {
     Accessibility* accessibility = nullptr;
     AppleEvents* appleEvents = nullptr;
+    Application* application = nullptr;
     AudioObjects* audioObjects = nullptr;
     Bundle* bundle = nullptr;
     ChildProcesses* childProcesses = nullptr;
     Dispatch* dispatch = nullptr;
+    Notifications* distributedNotifications = nullptr;
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
@@ -36,12 +38,16 @@ class TestPlatform : public Platform {
 
   Accessibility& accessibility() override { return lent(services_.accessibility, "accessibility"); }
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  Application& application() override { return lent(services_.application, "the application"); }
   AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
   ChildProcesses& childProcesses() override {
     return lent(services_.childProcesses, "child processes");
   }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
+  Notifications& distributedNotifications() override {
+    return lent(services_.distributedNotifications, "distributed notifications");
+  }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
   ImageDecoder& imageDecoder() override {
     return lent(services_.imageDecoder, "the image decoder");
