@@ -11,6 +11,7 @@
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/LinuxBundle.h"
+#include "platform/linux/LinuxOwnApplication.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
 #include "platform/linux/network/LinuxNetwork.h"
@@ -32,10 +33,12 @@ class LinuxPlatform : public Platform {
 
   LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxOwnApplication& application() override { return application_; }
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
+  MainQueueNotifications& distributedNotifications() override { return distributedNotifications_; }
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
@@ -51,7 +54,10 @@ class LinuxPlatform : public Platform {
   LinuxLog log_;
   LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
+  LinuxOwnApplication application_;
   LinuxUserDefaults userDefaults_;
+  // This program is the only one that posts to it.
+  MainQueueNotifications distributedNotifications_;
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;

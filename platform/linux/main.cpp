@@ -32,7 +32,8 @@ void surviveBrokenPipes() {
   ::sigaction(SIGPIPE, &action, nullptr);
 }
 
-/// Serves the program until a signal or the loss of the display; returns the exit status.
+/// Serves the program until a signal, its own wish or the loss of the display; returns the exit
+/// status.
 int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
   LinuxDispatch& dispatch = platform.dispatch();
   const TerminationSignals signals(dispatch);
@@ -50,10 +51,13 @@ int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
   const std::optional<int> signal = signals.received();
   if (signal) {
     log.info("leaving on signal %d", *signal);
+  } else if (platform.application().isTerminating()) {
+    log.info("leaving");
   } else {
     log.error("the X display has gone; leaving");
   }
-  const int status = signal ? EXIT_SUCCESS : EXIT_FAILURE;
+  const bool isOrderly = signal || platform.application().isTerminating();
+  const int status = isOrderly ? EXIT_SUCCESS : EXIT_FAILURE;
   coordinator.tap().stop();
   if (!dispatch.shutdown(grace)) {
     log.notice("not waiting for the last command");
