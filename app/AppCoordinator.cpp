@@ -30,23 +30,35 @@ std::shared_ptr<AppCoordinator> AppCoordinator::make() {
 
 AppCoordinator::AppCoordinator()
     : tap_(MediaKeyTap::make()),
+      permission_(AccessibilityPermission::make()),
       commandQueue_(platform().dispatch().makeSerialQueue("nl.brelm.talmo.commands",
                                                           QualityOfService::unspecified)) {}
 
 void AppCoordinator::start() {
   tap_->setDelegate(weak_from_this());
-  startTap();
+  permission_->onChange = [weak = weak_from_this()](bool isTrusted) {
+    const std::shared_ptr<AppCoordinator> self = weak.lock();
+    if (!self) return;
+    log.info("Accessibility permission changed: %{bool}d", isTrusted);
+    if (isTrusted) {
+      self->startTap();
+    } else {
+      self->tap_->stop();
+    }
+  };
+  permission_->promptIfNeeded();
+  log.info("Accessibility permission at launch: %{bool}d", permission_->isTrusted());
+  if (permission_->isTrusted()) startTap();
+  permission_->startMonitoring();
   updateActiveController();
 }
 
-bool AppCoordinator::startTap() {
-  const bool ok = tap_->start();
-  if (ok) {
+void AppCoordinator::startTap() {
+  if (tap_->start()) {
     log.info("Event tap running");
   } else {
     log.error("Event tap creation failed; treating as missing permission");
   }
-  return ok;
 }
 
 void AppCoordinator::updateActiveController() {

@@ -11,6 +11,7 @@
 #include "platform/linux/input/LinuxAccessibility.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
@@ -22,7 +23,6 @@
 
 namespace talmo {
 
-class LinuxProgram;
 struct LinuxInterface;
 
 /// The services of a Linux desktop. The thread that makes it is the main thread; it destroys it
@@ -37,11 +37,12 @@ class LinuxPlatform : public Platform {
 
   LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
-  Application& application() override;
+  LinuxOwnApplication& application() override { return application_; }
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
+  MainQueueNotifications& distributedNotifications() override { return distributedNotifications_; }
   EventMonitors& eventMonitors() override;
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
@@ -56,15 +57,15 @@ class LinuxPlatform : public Platform {
   LinuxWorkspace& workspace() override { return workspace_; }
   MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
 
-  /// The application service as what it is here.
-  LinuxProgram& program();
-
  private:
   LinuxBundle bundle_;
   LinuxLog log_;
   LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
+  LinuxOwnApplication application_;
   LinuxUserDefaults userDefaults_;
+  // This program is the only one that posts to it.
+  MainQueueNotifications distributedNotifications_;
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;

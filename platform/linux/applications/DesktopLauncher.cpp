@@ -1,6 +1,7 @@
 #include "platform/linux/applications/DesktopLauncher.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <memory>
 #include <system_error>
@@ -93,6 +94,16 @@ std::optional<std::string> launchDesktopEntry(const DesktopEntry& entry,
     if (result >= 0) return startByBus(bus, *name, urls);
   }
   return startAsProcess(entry, urls);
+}
+
+std::optional<std::string> launchProgram(const std::string& path) {
+  std::string program = path;
+  std::array<char*, 2> arguments{program.data(), nullptr};
+  GError* error = nullptr;
+  g_spawn_async(nullptr, arguments.data(), nullptr, G_SPAWN_DEFAULT, detach, nullptr, nullptr,
+                &error);
+  if (error == nullptr) return std::nullopt;
+  return GlibError(error)->message;
 }
 
 }  // namespace talmo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,6 +32,10 @@ class LinuxWorkspace : public Workspace {
   std::optional<std::string> frontmostApplication() const override;
 
   void openApplication(const std::string& url) override;
+  /// Of a desktop entry, or of the program at a file URL.
+  void openNewInstance(
+      const std::string& url,
+      std::function<void(const std::optional<std::string>& error)> completion) override;
   void openURL(const std::string& url) override;
 
   /// From the desktop's list of recently used files.

@@ -78,7 +78,7 @@ bool LinuxEventMonitors::tellLocal(const InterfaceEvent& event) {
     // The monitor may end itself.
     const auto handler = monitor->second.handler;
     bool goesOn = true;
-    program_.handle(event, [&] { goesOn = handler(event); });
+    application_.handle(event, [&] { goesOn = handler(event); });
     if (!goesOn) return true;
   }
   return false;

@@ -8,7 +8,7 @@
 
 #include "platform/EventMonitors.h"
 #include "platform/linux/interface/GlobalPresses.h"
-#include "platform/linux/interface/LinuxProgram.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 
 namespace talmo {
 
@@ -17,8 +17,8 @@ namespace talmo {
 /// of presses only. Without the toolkit none ever calls.
 class LinuxEventMonitors : public QObject, public EventMonitors {
  public:
-  /// `program` lives longer.
-  explicit LinuxEventMonitors(LinuxProgram& program) : program_(program) {}
+  /// `application` lives longer.
+  explicit LinuxEventMonitors(LinuxOwnApplication& application) : application_(application) {}
 
   Token addGlobalMonitor(std::uint64_t mask,
                          std::function<void(const InterfaceEvent&)> handler) override;
@@ -39,7 +39,7 @@ class LinuxEventMonitors : public QObject, public EventMonitors {
   bool tellLocal(const InterfaceEvent& event);
   void tellGlobal(InterfaceEvent::Type type);
 
-  LinuxProgram& program_;
+  LinuxOwnApplication& application_;
   Token lastToken_ = 0;
   std::map<Token, Monitor<bool>> local_;
   std::map<Token, Monitor<void>> global_;

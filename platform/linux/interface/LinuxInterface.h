@@ -2,8 +2,8 @@
 
 #include "platform/linux/interface/DesktopWatch.h"
 #include "platform/linux/interface/LinuxEventMonitors.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/interface/LinuxPanels.h"
-#include "platform/linux/interface/LinuxProgram.h"
 #include "platform/linux/interface/LinuxStatusBar.h"
 
 namespace talmo {
@@ -11,14 +11,12 @@ namespace talmo {
 /// The services that are made with the toolkit. Main thread.
 struct LinuxInterface {
   /// All live longer.
-  LinuxInterface(LinuxDispatch& dispatch, const Bundle& bundle, Notifications& notifications,
-                 Notifications& workspaceNotifications)
-      : program(dispatch, bundle),
-        statusBar(bundle, program),
-        eventMonitors(program),
+  LinuxInterface(const Bundle& bundle, LinuxOwnApplication& application,
+                 Notifications& notifications, Notifications& workspaceNotifications)
+      : statusBar(bundle, application),
+        eventMonitors(application),
         desktopWatch(workspaceNotifications, notifications) {}
 
-  LinuxProgram program;
   LinuxStatusBar statusBar;
   LinuxPanels panels;
   LinuxEventMonitors eventMonitors;

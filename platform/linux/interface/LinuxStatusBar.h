@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Bundle.h"
-#include "platform/linux/interface/LinuxProgram.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/StatusBar.h"
 
 namespace talmo {
@@ -12,14 +12,14 @@ namespace talmo {
 class LinuxStatusBar : public StatusBar {
  public:
   /// Both live longer.
-  LinuxStatusBar(const Bundle& bundle, LinuxProgram& program)
-      : bundle_(bundle), program_(program) {}
+  LinuxStatusBar(const Bundle& bundle, LinuxOwnApplication& application)
+      : bundle_(bundle), application_(application) {}
 
   std::unique_ptr<StatusItem> makeStatusItem(double length) override;
 
  private:
   const Bundle& bundle_;
-  LinuxProgram& program_;
+  LinuxOwnApplication& application_;
 };
 
 }  // namespace talmo

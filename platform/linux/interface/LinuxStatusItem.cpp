@@ -13,8 +13,8 @@
 
 namespace talmo {
 
-LinuxStatusItem::LinuxStatusItem(const Bundle& bundle, LinuxProgram& program)
-    : bundle_(bundle), program_(program) {
+LinuxStatusItem::LinuxStatusItem(const Bundle& bundle, LinuxOwnApplication& application)
+    : bundle_(bundle), application_(application) {
   if (qApp != nullptr) {
     icon_ = std::make_unique<QSystemTrayIcon>();
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &LinuxStatusItem::clicked);
@@ -87,7 +87,7 @@ void LinuxStatusItem::clicked(QSystemTrayIcon::ActivationReason reason) {
   } else if (action_) {
     // It may be replaced while it runs.
     const std::function<void()> action = action_;
-    program_.handle({.type = type, .window = button_->window()}, action);
+    application_.handle({.type = type, .window = button_->window()}, action);
   }
 }
 

@@ -8,7 +8,7 @@
 #include <QSystemTrayIcon>
 
 #include "platform/Bundle.h"
-#include "platform/linux/interface/LinuxProgram.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/interface/LinuxStatusButton.h"
 #include "platform/StatusItem.h"
 
@@ -18,7 +18,7 @@ namespace talmo {
 class LinuxStatusItem : public QObject, public StatusItem {
  public:
   /// Both live longer.
-  LinuxStatusItem(const Bundle& bundle, LinuxProgram& program);
+  LinuxStatusItem(const Bundle& bundle, LinuxOwnApplication& application);
   ~LinuxStatusItem() override;
   LinuxStatusItem(const LinuxStatusItem&) = delete;
   LinuxStatusItem& operator=(const LinuxStatusItem&) = delete;
@@ -39,7 +39,7 @@ class LinuxStatusItem : public QObject, public StatusItem {
   void dropDown();
 
   const Bundle& bundle_;
-  LinuxProgram& program_;
+  LinuxOwnApplication& application_;
   std::unique_ptr<QSystemTrayIcon> icon_;
   std::shared_ptr<LinuxStatusButton> button_;
   StatusImage image_;

@@ -54,14 +54,16 @@ class LinuxAccessibilityWorld : public AccessibilityWorld {
 
   PrivateDisplay display_;
   std::unique_ptr<XConnection> connection_;
-  LinuxAccessibility accessibility_;
+  LinuxEventTap eventTap_;
+  LinuxAccessibility accessibility_{eventTap_};
   ProcessIdentifier lastProcess_ = 4000;
   std::map<ProcessIdentifier, std::vector<std::unique_ptr<FocusWindow>>> windows_;
 };
 
 TEST(LinuxAccessibility, WithoutADisplayThereAreNoWindows) {
   ::unsetenv("DISPLAY");
-  EXPECT_TRUE(LinuxAccessibility().windowTitles(4001).empty());
+  LinuxEventTap eventTap;
+  EXPECT_TRUE(LinuxAccessibility(eventTap).windowTitles(4001).empty());
 }
 
 }  // namespace

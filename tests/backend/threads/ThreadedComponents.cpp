@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/linux/dispatch/LinuxDispatch.h"
+#include "tests/component/AccessibilityPermissionTest.h"
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
@@ -12,6 +13,7 @@
 #include "tests/component/AutoRoutingTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/PlayerDetectionTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
 #include "tests/component/WebTabDetectionTest.h"
@@ -48,6 +50,7 @@ class ThreadedWorld : public World {
 const auto world =
     testing::Values(+[]() -> std::unique_ptr<World> { return std::make_unique<ThreadedWorld>(); });
 
+INSTANTIATE_TEST_SUITE_P(Threads, AccessibilityPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AdapterNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
@@ -55,6 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, NowPlayingTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, PlayerDetectionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebTabDetectionTest, world);

@@ -1,5 +1,6 @@
 // Runs the component tests in virtual time, each with several seeds.
 
+#include "tests/component/AccessibilityPermissionTest.h"
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
@@ -7,6 +8,7 @@
 #include "tests/component/AutoRoutingTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/PlayerDetectionTest.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
@@ -24,6 +26,7 @@ std::unique_ptr<World> make() {
 const auto worlds =
     testing::Values(&make<0>, &make<1>, &make<2>, &make<3>, &make<4>, &make<5>, &make<6>, &make<7>);
 
+INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AdapterNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
@@ -31,6 +34,7 @@ INSTANTIATE_TEST_SUITE_P(Simulated, AutoRoutingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, NowPlayingTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, PlayerDetectionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebPlayerControllerTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebTabDetectionTest, worlds);

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "platform/Application.h"
 #include "platform/Bundle.h"
@@ -12,12 +13,13 @@ namespace talmo {
 
 class AboutPanel;
 
-/// Talmo itself on the desktop. Main thread.
-class LinuxProgram : public Application {
+/// The program as an application of a Linux desktop; it ends with its main loop. Main thread,
+/// unless the interface says otherwise.
+class LinuxOwnApplication : public Application {
  public:
   /// Both live longer.
-  LinuxProgram(LinuxDispatch& dispatch, const Bundle& bundle);
-  ~LinuxProgram() override;
+  LinuxOwnApplication(LinuxDispatch& dispatch, const Bundle& bundle);
+  ~LinuxOwnApplication() override;
 
   /// Brings the About panel forward when it is open.
   void activate() override;
@@ -26,11 +28,12 @@ class LinuxProgram : public Application {
   std::optional<InterfaceEvent> currentEvent() const override { return currentEvent_; }
   /// There is no such device.
   void performHapticFeedback(int pattern) override;
+  std::optional<std::string> environmentVariable(const std::string& name) const override;
 
   /// Runs `handler` with `event` as the current one.
   void handle(const InterfaceEvent& event, const std::function<void()>& handler);
 
-  /// Whether `terminate` has been called.
+  /// Whether `terminate` is what ended the main loop.
   bool isTerminating() const { return isTerminating_; }
 
  private:
