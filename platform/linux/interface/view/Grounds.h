@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QRectF>
+
+#include "platform/linux/interface/view/Palette.h"
+#include "platform/ViewRole.h"
+
+class QPainter;
+
+namespace talmo {
+
+/// Paints what a stack of the role stands on; nothing for most.
+void paintGround(QPainter& painter, const QRectF& place, ViewRole role, const Palette& palette);
+
+}  // namespace talmo

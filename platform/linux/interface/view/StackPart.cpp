@@ -1,0 +1,69 @@
+#include "platform/linux/interface/view/StackPart.h"
+
+#include <algorithm>
+#include <QBoxLayout>
+#include <QMargins>
+#include <QPainter>
+
+#include "platform/linux/interface/view/Grounds.h"
+#include "platform/linux/interface/view/Metrics.h"
+
+namespace talmo {
+namespace {
+
+QMargins marginsOf(ViewRole role) {
+  switch (role) {
+    case ViewRole::glass:
+      return {Metrics::step, Metrics::step, Metrics::step, Metrics::step};
+    case ViewRole::card:
+    case ViewRole::warning:
+    case ViewRole::offer:
+      return {Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide};
+    case ViewRole::footer:
+      return {Metrics::step, Metrics::step, Metrics::small, 0};
+    case ViewRole::chip:
+      return {Metrics::step, Metrics::tight, Metrics::step, Metrics::tight};
+    default:
+      return {};
+  }
+}
+
+int spacingOf(const View& view) {
+  switch (view.role) {
+    case ViewRole::card:
+      return Metrics::wide;
+    case ViewRole::chip:
+      return Metrics::small;
+    default:
+      break;
+  }
+  const bool isOnlyText = std::ranges::all_of(
+      view.children, [](const View& child) { return child.kind == ViewKind::text; });
+  return view.kind == ViewKind::vertical && isOnlyText ? Metrics::tight : Metrics::step;
+}
+
+}  // namespace
+
+StackPart::StackPart(const View& view, ViewRole container, const Look& look, QWidget* parent)
+    : QWidget(parent),
+      Part(view, look),
+      layout_(*new QBoxLayout(
+          view.kind == ViewKind::vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight,
+          this)),
+      children_(layout_, *this, view.role == ViewRole::group ? container : view.role, look) {
+  layout_.setContentsMargins(marginsOf(view.role));
+}
+
+void StackPart::setView(const View& view) {
+  layout_.setSpacing(spacingOf(view));
+  setAccessibleName(QString::fromStdString(view.accessibilityLabel));
+  children_.set(view.children);
+  update();
+}
+
+void StackPart::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintGround(painter, rect(), role(), *look().palette);
+}
+
+}  // namespace talmo
