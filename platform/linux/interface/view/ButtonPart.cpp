@@ -20,7 +20,7 @@ constexpr qreal ringWidth = 1.5;
 QMargins marginsOf(ViewRole role) {
   switch (role) {
     case ViewRole::row:
-      return {Metrics::step, Metrics::small, Metrics::wide, Metrics::small};
+      return {Metrics::step, 3, Metrics::wide, 3};
     case ViewRole::prominentButton:
     case ViewRole::plainButton:
       return {Metrics::wide, Metrics::small, Metrics::wide, Metrics::small};
@@ -61,7 +61,7 @@ ButtonPart::ButtonPart(const View& view, const Look& look, QWidget* parent)
 void ButtonPart::setView(const View& view) {
   action_ = view.action;
   menu_ = view.menu;
-  isOn_ = view.isOn;
+  const bool wasOn = std::exchange(isOn_, view.isOn);
   const bool wasHighlighted = std::exchange(isHighlighted_, view.isHighlighted);
   QString name = QString::fromStdString(view.accessibilityLabel);
   if (name.isEmpty()) {
@@ -76,6 +76,12 @@ void ButtonPart::setView(const View& view) {
     child->widget().setAttribute(Qt::WA_TransparentForMouseEvents);
   }
   update();
+  if (isOn_ != wasOn) {
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+  }
   if (isHighlighted_ && !wasHighlighted) {
     QAccessibleEvent focus(this, QAccessible::Focus);
     QAccessible::updateAccessibility(&focus);

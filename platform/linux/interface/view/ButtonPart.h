@@ -24,6 +24,7 @@ class ButtonPart : public QAbstractButton, public Part {
 
   bool isHighlighted() const { return isHighlighted_; }
   bool isOn() const { return isOn_; }
+  bool hasMenu() const { return static_cast<bool>(menu_); }
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

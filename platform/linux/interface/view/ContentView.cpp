@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "platform/linux/interface/view/AccessibleParts.h"
 #include "platform/linux/interface/view/Grounds.h"
 
 namespace talmo {
@@ -12,6 +13,7 @@ ContentView::ContentView(const Vectors& vectors, Appearance& appearance, QWidget
     : QWidget(parent),
       appearance_(appearance),
       look_{.vectors = vectors, .palette = nullptr, .popUp = {}} {
+  installAccessibleParts();
   setFocusPolicy(Qt::NoFocus);
   connect(&appearance, &Appearance::changed, this, [this] { render(); });
 }

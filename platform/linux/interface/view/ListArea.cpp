@@ -1,23 +1,26 @@
 #include "platform/linux/interface/view/ListArea.h"
 
 #include <algorithm>
-#include <QLayout>
 #include <QScrollBar>
 
 #include "platform/linux/interface/view/Metrics.h"
+#include "platform/linux/interface/view/ScrollThumb.h"
 
 namespace talmo {
 
-ListArea::ListArea(QWidget* list, QWidget* parent) : QScrollArea(parent) {
+ListArea::ListArea(QWidget* list, const Look& look, QWidget* parent)
+    : QScrollArea(parent), thumb_(*new ScrollThumb(*verticalScrollBar(), look, this)) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-  viewport()->setAutoFillBackground(false);
   setWidget(list);
+  // The window's ground shows through.
+  viewport()->setAutoFillBackground(false);
   list->setAutoFillBackground(false);
+  thumb_.raise();
 }
 
 QSize ListArea::sizeHint() const {
@@ -27,6 +30,11 @@ QSize ListArea::sizeHint() const {
 
 QSize ListArea::minimumSizeHint() const {
   return {0, std::min(sizeHint().height(), Metrics::rowHeight)};
+}
+
+void ListArea::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  thumb_.place();
 }
 
 }  // namespace talmo

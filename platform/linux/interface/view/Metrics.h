@@ -6,12 +6,12 @@ namespace talmo {
 struct Metrics {
   static constexpr int width = 320;
   static constexpr int glassRadius = 14;
-  static constexpr int cardRadius = 12;
+  static constexpr int cardRadius = 10;
   static constexpr int rowRadius = 8;
   static constexpr int rowHeight = 40;
   static constexpr int buttonHeight = 28;
   static constexpr int artwork = 64;
-  static constexpr int artworkRadius = 10;
+  static constexpr int artworkRadius = 8;
   static constexpr int icon = 28;
   static constexpr int symbol = 16;
   /// Of a list that scrolls; half a row says that there is more.

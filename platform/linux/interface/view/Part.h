@@ -27,6 +27,9 @@ class Part {
   ViewKind kind() const { return kind_; }
   ViewRole role() const { return role_; }
 
+  /// Whether it takes the room in a line that the others leave, where it is the first that would.
+  bool takesRoom() const { return kind_ == ViewKind::text || kind_ == ViewKind::vertical; }
+
   virtual QWidget& widget() = 0;
 
   /// Takes in the part's next value, and the look's colours and fonts as they are now.

@@ -1,22 +1,26 @@
 #include "platform/linux/interface/view/PartList.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <QBoxLayout>
 #include <QLayoutItem>
 #include <QWidget>
 #include <utility>
 
+#include "platform/linux/interface/view/Metrics.h"
+
 namespace talmo {
 namespace {
 
-bool hasText(const View& view) {
-  return view.kind == ViewKind::text ||
-         (view.kind == ViewKind::vertical && std::ranges::any_of(view.children, hasText));
-}
-
 bool isSmallButton(const Part& part) {
   return part.kind() == ViewKind::button && part.role() != ViewRole::row;
+}
+
+int gapBetween(const Part& above, const Part& below) {
+  const bool areLines = above.kind() == ViewKind::text && below.kind() == ViewKind::text;
+  const bool areRows = above.role() == ViewRole::row && below.role() == ViewRole::row;
+  return areLines || areRows ? Metrics::tight : Metrics::step;
 }
 
 }  // namespace
@@ -47,12 +51,6 @@ void PartList::set(std::span<const View> views) {
     part.widget().show();
     part.widget().updateGeometry();
   }
-  if (layout_.direction() == QBoxLayout::LeftToRight) {
-    const auto first = std::ranges::find_if(views, hasText);
-    for (int index = 0; index < layout_.count(); ++index) {
-      layout_.setStretch(index, index == first - views.begin() ? 1 : 0);
-    }
-  }
 }
 
 Part* PartList::taken(const View& view) {
@@ -63,21 +61,37 @@ Part* PartList::taken(const View& view) {
 
 void PartList::arrange() {
   while (layout_.count() > 0) delete layout_.takeAt(0);
-  const bool isVertical = layout_.direction() == QBoxLayout::TopToBottom;
+  if (layout_.direction() == QBoxLayout::TopToBottom) {
+    arrangeVertically();
+  } else {
+    arrangeHorizontally();
+  }
+}
+
+void PartList::arrangeVertically() {
+  layout_.setSpacing(0);
+  const Part* above = nullptr;
   for (Part* part : parts_) {
+    if (above != nullptr) layout_.addSpacing(gapBetween(*above, *part));
+    const bool isOwnWidth = isSmallButton(*part) || part->role() == ViewRole::chip;
+    layout_.addWidget(&part->widget(), 0, isOwnWidth ? Qt::AlignLeft : Qt::Alignment());
+    above = part;
+  }
+}
+
+void PartList::arrangeHorizontally() {
+  const auto wide =
+      std::ranges::find_if(parts_, [](const Part* part) { return part->takesRoom(); });
+  for (Part* part : parts_) {
+    const bool isWide = wide != parts_.end() && part == *wide;
     Qt::Alignment alignment;
-    if (!isVertical) {
-      const bool isText = part->kind() == ViewKind::vertical || part->kind() == ViewKind::text;
-      if (!isText) alignment = container_ == ViewRole::warning ? Qt::AlignTop : Qt::AlignVCenter;
-    } else if (isSmallButton(*part) || part->role() == ViewRole::chip) {
-      alignment = Qt::AlignLeft;
+    if (!part->takesRoom()) {
+      alignment = container_ == ViewRole::warning ? Qt::AlignTop : Qt::AlignVCenter;
     }
-    layout_.addWidget(&part->widget(), 0, alignment);
+    layout_.addWidget(&part->widget(), isWide ? 1 : 0, alignment);
   }
-  // Buttons in a line stand at its beginning.
-  if (!isVertical && std::ranges::all_of(parts_, [](Part* part) { return isSmallButton(*part); })) {
-    layout_.addStretch(1);
-  }
+  // Where nothing does, all stand at the beginning of the line.
+  if (wide == parts_.end()) layout_.addStretch(1);
 }
 
 }  // namespace talmo

@@ -27,6 +27,8 @@ class PartList {
  private:
   Part* taken(const View& view);
   void arrange();
+  void arrangeVertically();
+  void arrangeHorizontally();
 
   QBoxLayout& layout_;
   QWidget& parent_;

@@ -15,7 +15,7 @@ SectionPart::SectionPart(const View& view, const Look& look, QWidget* parent)
       Part(view, look),
       layout_(*new QVBoxLayout(this)),
       list_(*new QWidget),
-      area_(*new ListArea(&list_, this)),
+      area_(*new ListArea(&list_, look, this)),
       headingLayout_(*new QVBoxLayout),
       listLayout_(*new QVBoxLayout(&list_)),
       headings_(headingLayout_, *this, view.role, look),
@@ -26,13 +26,15 @@ SectionPart::SectionPart(const View& view, const Look& look, QWidget* parent)
   layout_.addWidget(&area_);
   headingLayout_.setContentsMargins(Metrics::step, Metrics::small, Metrics::step, 0);
   listLayout_.setContentsMargins(0, 0, 0, 0);
-  listLayout_.setSpacing(Metrics::tight);
 }
 
 void SectionPart::setView(const View& view) {
-  setAccessibleName(QString::fromStdString(view.accessibilityLabel));
   const auto firstRow = std::ranges::find_if(
       view.children, [](const View& child) { return child.role != ViewRole::header; });
+  const bool isHeaded = firstRow != view.children.begin();
+  setAccessibleName(QString::fromStdString(view.accessibilityLabel.empty() && isHeaded
+                                               ? view.children.front().text
+                                               : view.accessibilityLabel));
   headings_.set({view.children.begin(), firstRow});
   rows_.set({firstRow, view.children.end()});
   area_.updateGeometry();

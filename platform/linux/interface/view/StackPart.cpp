@@ -1,6 +1,5 @@
 #include "platform/linux/interface/view/StackPart.h"
 
-#include <algorithm>
 #include <QBoxLayout>
 #include <QMargins>
 #include <QPainter>
@@ -28,18 +27,15 @@ QMargins marginsOf(ViewRole role) {
   }
 }
 
-int spacingOf(const View& view) {
-  switch (view.role) {
+int spacingOf(ViewRole role) {
+  switch (role) {
     case ViewRole::card:
       return Metrics::wide;
     case ViewRole::chip:
       return Metrics::small;
     default:
-      break;
+      return Metrics::step;
   }
-  const bool isOnlyText = std::ranges::all_of(
-      view.children, [](const View& child) { return child.kind == ViewKind::text; });
-  return view.kind == ViewKind::vertical && isOnlyText ? Metrics::tight : Metrics::step;
 }
 
 }  // namespace
@@ -52,10 +48,10 @@ StackPart::StackPart(const View& view, ViewRole container, const Look& look, QWi
           this)),
       children_(layout_, *this, view.role == ViewRole::group ? container : view.role, look) {
   layout_.setContentsMargins(marginsOf(view.role));
+  layout_.setSpacing(spacingOf(view.role));
 }
 
 void StackPart::setView(const View& view) {
-  layout_.setSpacing(spacingOf(view));
   setAccessibleName(QString::fromStdString(view.accessibilityLabel));
   children_.set(view.children);
   update();

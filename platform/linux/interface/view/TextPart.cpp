@@ -31,6 +31,8 @@ QBrush fading(const QColor& colour, qreal width, bool isRightToLeft) {
 TextPart::TextPart(const View& view, ViewRole container, const Look& look, QWidget* parent)
     : QLabel(parent), Part(view, look), container_(container) {
   setTextFormat(Qt::PlainText);
+  // Not that of a button that it may be in.
+  setForegroundRole(QPalette::WindowText);
   setWordWrap(!isOneLine());
   if (isOneLine()) setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
