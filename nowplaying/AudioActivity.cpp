@@ -116,7 +116,7 @@ void AudioActivity::poll() {
 
 void AudioActivity::publish(const std::set<std::string>& observed) {
   std::set<std::string> result = hold_.update(observed, platform().dispatch().uptime());
-  if (result != activeBundleIDs_) activeBundleIDs_ = std::move(result);
+  if (result != activeBundleIDs_.get()) activeBundleIDs_.set(std::move(result));
 }
 
 }  // namespace talmo

@@ -7,6 +7,7 @@
 #include "nowplaying/AudioActivityHold.h"
 #include "platform/Queue.h"
 #include "platform/Timer.h"
+#include "support/Published.h"
 
 namespace talmo {
 
@@ -28,7 +29,8 @@ class AudioActivity : public std::enable_shared_from_this<AudioActivity> {
   void stopPolling();
 
   /// The bundle identifiers of the applications that sound, or did until a few seconds ago.
-  const std::set<std::string>& activeBundleIDs() const { return activeBundleIDs_; }
+  const Published<std::set<std::string>>& activeBundleIDs() const { return activeBundleIDs_; }
+  Published<std::set<std::string>>& activeBundleIDs() { return activeBundleIDs_; }
 
  private:
   AudioActivity();
@@ -36,7 +38,7 @@ class AudioActivity : public std::enable_shared_from_this<AudioActivity> {
   void poll();
   void publish(const std::set<std::string>& observed);
 
-  std::set<std::string> activeBundleIDs_;
+  Published<std::set<std::string>> activeBundleIDs_;
   const std::shared_ptr<Queue> queue_;
   std::shared_ptr<Timer> timer_;
   AudioActivityHold hold_;

@@ -71,6 +71,10 @@ void NowPlaying::stopPolling() {
   ++run_;
 }
 
+void NowPlaying::pollNow() {
+  if (timer_) poll();
+}
+
 void NowPlaying::endWarmup() {
   if (warmupTimer_) warmupTimer_->invalidate();
   warmupTimer_ = nullptr;
@@ -100,7 +104,7 @@ bool NowPlaying::warmupBlocksDowngrade(const NowPlayingState& current, const Now
 }
 
 void NowPlaying::poll() {
-  std::optional<TargetApp> target = targetProvider_ ? targetProvider_() : std::nullopt;
+  std::optional<TargetApp> target = this->target();
   const std::uint64_t number = ++lastPoll_;
   if (!target) {
     shownPoll_ = number;
@@ -165,8 +169,7 @@ void NowPlaying::decideBySystem(const PollPointer& poll, const RunningApplicatio
 }
 
 bool NowPlaying::isCurrent(const Poll& poll) const {
-  return poll.run == run_ && poll.number >= shownPoll_ && targetProvider_ &&
-         targetProvider_() == poll.target;
+  return poll.run == run_ && poll.number >= shownPoll_ && target() == poll.target;
 }
 
 void NowPlaying::show(const Poll& poll, NowPlayingState next) {

@@ -46,12 +46,21 @@ class NowPlaying : public std::enable_shared_from_this<NowPlaying> {
   /// What is shown stays.
   void stopPolling();
 
+  /// Looks at once, without waiting for the next poll; does nothing unless it polls. For whoever
+  /// knows that the target is another one.
+  void pollNow();
+
   /// What there is to show; idle at first.
   const Published<NowPlayingState>& state() const { return state_; }
   Published<NowPlayingState>& state() { return state_; }
 
   /// `provider` is asked for the target, often.
   void setTargetProvider(TargetProvider provider) { targetProvider_ = std::move(provider); }
+
+  /// The target, as the provider has it.
+  std::optional<TargetApp> target() const {
+    return targetProvider_ ? targetProvider_() : std::nullopt;
+  }
 
   // Who owns the media session by the adapter's stream, and with what.
 

@@ -6,7 +6,8 @@ namespace talmo {
 enum class ViewKind {
   /// `children`, from top to bottom.
   vertical,
-  /// `children`, in reading direction; the first text takes the room that the others leave.
+  /// `children`, in reading direction; the first text, or else the first vertical stack, takes the
+  /// room that the others leave.
   horizontal,
   /// `text`.
   text,

@@ -29,6 +29,7 @@ class SimulatedApplications {
     std::optional<Date> lastUsed = std::nullopt;
     /// Whether its dictionary has the player commands.
     bool isScriptable = true;
+    bool hasIcon = true;
   };
 
   /// What a running player tells of its current track.

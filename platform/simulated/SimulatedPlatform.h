@@ -7,16 +7,20 @@
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAccessibility.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
+#include "platform/simulated/SimulatedApplication.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedBundle.h"
 #include "platform/simulated/SimulatedChildProcesses.h"
+#include "platform/simulated/SimulatedEventMonitors.h"
 #include "platform/simulated/SimulatedEventTap.h"
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
 #include "platform/simulated/SimulatedNetwork.h"
+#include "platform/simulated/SimulatedPanels.h"
+#include "platform/simulated/SimulatedStatusBar.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 #include "support/MainQueueNotifications.h"
@@ -51,10 +55,12 @@ class SimulatedPlatform : public Platform {
 
   SimulatedAccessibility& accessibility() override { return accessibility_; }
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
+  SimulatedApplication& application() override { return application_; }
   SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   SimulatedBundle& bundle() override { return bundle_; }
   SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
   Dispatch& dispatch() override { return *dispatch_; }
+  SimulatedEventMonitors& eventMonitors() override { return eventMonitors_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
@@ -62,8 +68,11 @@ class SimulatedPlatform : public Platform {
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
   SimulatedNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
+  SimulatedPanels& panels() override { return panels_; }
+  SimulatedStatusBar& statusBar() override { return statusBar_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
+  MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
 
   /// The applications of the machine.
   SimulatedApplications& applications() { return applications_; }
@@ -76,15 +85,20 @@ class SimulatedPlatform : public Platform {
   SimulatedApplications applications_;
   SimulatedAccessibility accessibility_{applications_};
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedApplication application_{*dispatch_};
   SimulatedAudioObjects audioObjects_;
   SimulatedBundle bundle_;
   SimulatedChildProcesses childProcesses_{*dispatch_};
+  SimulatedEventMonitors eventMonitors_{application_};
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedNetwork network_{*dispatch_};
-  SimulatedWorkspace workspace_{applications_};
+  SimulatedWorkspace workspace_{*dispatch_, applications_};
+  SimulatedPanels panels_{application_, eventMonitors_};
+  SimulatedStatusBar statusBar_{application_, eventMonitors_};
   MainQueueNotifications notifications_{*dispatch_};
+  MainQueueNotifications workspaceNotifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};
 };
 

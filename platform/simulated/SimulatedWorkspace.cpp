@@ -1,5 +1,9 @@
 #include "platform/simulated/SimulatedWorkspace.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -58,9 +62,35 @@ void SimulatedWorkspace::openURL(const std::string& url) {
 }
 
 std::optional<Date> SimulatedWorkspace::lastUsedDate(const std::string& url) const {
+  Duration duration{};
+  {
+    const MutexLock lock(mutex_);
+    lastUseQueries_.push_back(dispatch_.isMainThread());
+    duration = lastUseDuration_;
+  }
+  if (duration > Duration::zero()) dispatch_.makeSemaphore(0)->wait(duration);
   const std::optional<SimulatedApplications::Installed> installed =
       applications_.installed(bundleIDOf(url));
   return installed ? installed->lastUsed : std::nullopt;
+}
+
+std::optional<Image> SimulatedWorkspace::icon(const std::string& url, int pixels) const {
+  const std::string bundleID = bundleIDOf(url);
+  {
+    const MutexLock lock(mutex_);
+    iconsAskedFor_.push_back(url);
+  }
+  const std::optional<SimulatedApplications::Installed> installed =
+      applications_.installed(bundleID);
+  if (!installed || !installed->hasIcon) return std::nullopt;
+  // The identifier is the picture: each application has its own.
+  std::vector<std::uint8_t> content(4 * static_cast<std::size_t>(pixels) *
+                                    static_cast<std::size_t>(pixels));
+  std::ranges::copy_n(bundleID.begin(), std::min(std::ssize(bundleID), std::ssize(content)),
+                      content.begin());
+  return Image{.width = pixels,
+               .height = pixels,
+               .pixels = std::make_shared<const std::vector<std::uint8_t>>(std::move(content))};
 }
 
 std::vector<LocalPlayer> SimulatedWorkspace::localPlayers() const {
@@ -73,9 +103,24 @@ void SimulatedWorkspace::setLocalPlayers(std::vector<LocalPlayer> players) {
   localPlayers_ = std::move(players);
 }
 
+void SimulatedWorkspace::setLastUseDuration(Duration duration) {
+  const MutexLock lock(mutex_);
+  lastUseDuration_ = duration;
+}
+
+std::vector<bool> SimulatedWorkspace::lastUseQueries() const {
+  const MutexLock lock(mutex_);
+  return lastUseQueries_;
+}
+
 std::vector<std::string> SimulatedWorkspace::openedApplications() const {
   const MutexLock lock(mutex_);
   return openedApplications_;
+}
+
+std::vector<std::string> SimulatedWorkspace::iconsAskedFor() const {
+  const MutexLock lock(mutex_);
+  return iconsAskedFor_;
 }
 
 std::vector<std::string> SimulatedWorkspace::openedURLs() const {

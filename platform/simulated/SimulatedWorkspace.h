@@ -4,17 +4,20 @@
 #include <string>
 #include <vector>
 
+#include "platform/Dispatch.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/Workspace.h"
 #include "support/Mutex.h"
 #include "support/ThreadSafety.h"
+#include "support/Time.h"
 
 namespace talmo {
 
 /// The workspace of the simulated machine. An application that is opened runs at once. Any thread.
 class SimulatedWorkspace : public Workspace {
  public:
-  explicit SimulatedWorkspace(SimulatedApplications& applications) : applications_(applications) {}
+  SimulatedWorkspace(Dispatch& dispatch, SimulatedApplications& applications)
+      : dispatch_(dispatch), applications_(applications) {}
 
   std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
   std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
@@ -23,20 +26,32 @@ class SimulatedWorkspace : public Workspace {
   void openApplication(const std::string& url) override;
   void openURL(const std::string& url) override;
   std::optional<Date> lastUsedDate(const std::string& url) const override;
+  std::optional<Image> icon(const std::string& url, int pixels) const override;
   std::vector<LocalPlayer> localPlayers() const override;
 
   /// What this system's backend contributes; none at first. Before the registry is first asked.
   void setLocalPlayers(std::vector<LocalPlayer> players);
 
+  /// How long looking up a date of last use takes.
+  void setLastUseDuration(Duration duration);
+  /// For every such query so far, in order, whether it was on the main thread.
+  std::vector<bool> lastUseQueries() const;
+
   /// The URLs of all applications that were to be opened, in order.
   std::vector<std::string> openedApplications() const;
   std::vector<std::string> openedURLs() const;
+  /// The URLs of all applications whose icon was asked for, in order.
+  std::vector<std::string> iconsAskedFor() const;
 
  private:
+  Dispatch& dispatch_;
   SimulatedApplications& applications_;
   mutable Mutex mutex_;
   std::vector<LocalPlayer> localPlayers_ TALMO_GUARDED_BY(mutex_);
+  Duration lastUseDuration_ TALMO_GUARDED_BY(mutex_) = Duration::zero();
+  mutable std::vector<bool> lastUseQueries_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedApplications_ TALMO_GUARDED_BY(mutex_);
+  mutable std::vector<std::string> iconsAskedFor_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedURLs_ TALMO_GUARDED_BY(mutex_);
 };
 

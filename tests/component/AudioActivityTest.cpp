@@ -14,12 +14,12 @@ using testing::IsEmpty;
 using Objects = AudioObjects;
 
 TEST_P(AudioActivityTest, HasTheApplicationsThatSoundWhenItStarts) {
-  EXPECT_THAT(activity().activeBundleIDs(), IsEmpty());
+  EXPECT_THAT(activity().activeBundleIDs().get(), IsEmpty());
   audio().add({.bundleID = "com.a"});
   audio().add({.bundleID = "com.b"});
   audio().add({.isRunningOutput = false, .bundleID = "com.silent"});
   activity().startPolling();
-  EXPECT_THAT(activity().activeBundleIDs(), IsEmpty()) << "nothing is read on the main thread";
+  EXPECT_THAT(activity().activeBundleIDs().get(), IsEmpty()) << "nothing is read on the main thread";
   EXPECT_TRUE(waitFor({"com.a", "com.b"}));
 }
 
@@ -141,7 +141,7 @@ TEST_P(AudioActivityTest, EndsWithoutAWordWhilePollsAreUnderWay) {
   // Another one works on the same machine.
   const std::shared_ptr<AudioActivity> other = AudioActivity::make();
   other->startPolling();
-  EXPECT_TRUE(runUntil([&] { return other->activeBundleIDs() == Set{"com.a"}; }));
+  EXPECT_TRUE(runUntil([&] { return other->activeBundleIDs().get() == Set{"com.a"}; }));
 }
 
 TEST_P(AudioActivityTest, StoppingTwiceOrBeforeTheStartDoesNothing) {

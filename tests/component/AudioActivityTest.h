@@ -18,7 +18,7 @@ class AudioActivityTest : public ComponentTest {
   void endActivity() { activity_.reset(); }
 
   bool waitFor(const Set& expected) {
-    return runUntil([&] { return activity_->activeBundleIDs() == expected; });
+    return runUntil([&] { return activity_->activeBundleIDs().get() == expected; });
   }
 
   /// How often the list was read.
@@ -29,14 +29,14 @@ class AudioActivityTest : public ComponentTest {
     const auto marker = audio().add({.bundleID = "marker" + std::to_string(++markers_)});
     activity_->startPolling();
     EXPECT_TRUE(runUntil([&] {
-      return activity_->activeBundleIDs().contains("marker" + std::to_string(markers_));
+      return activity_->activeBundleIDs().get().contains("marker" + std::to_string(markers_));
     }));
     audio().remove(marker);
   }
 
   /// What is active, without what `pollOnce` put there.
   Set active() {
-    Set found = activity_->activeBundleIDs();
+    Set found = activity_->activeBundleIDs().get();
     std::erase_if(found, [](const std::string& one) { return one.starts_with("marker"); });
     return found;
   }

@@ -229,7 +229,7 @@ TEST_F(NowPlayingTest, TheSystemsOwnRecordSeesTheSame) {
 TEST_F(NowPlayingTest, APausedPlayerFallsOutOfTheAudibleSetAfterTheLinger) {
   const auto activity = AudioActivity::make();
   activity->startPolling();
-  const auto sounds = [&] { return activity->activeBundleIDs().contains(vlc); };
+  const auto sounds = [&] { return activity->activeBundleIDs().get().contains(vlc); };
   const auto player = DesktopPlayer::startVlc(desktop_, tunes_);
   ASSERT_TRUE(runUntil(sounds));
   player->mpris().call("Pause");

@@ -16,18 +16,23 @@ class TestPlatform : public Platform {
   struct Services {
     Accessibility* accessibility = nullptr;
     AppleEvents* appleEvents = nullptr;
+    Application* application = nullptr;
     AudioObjects* audioObjects = nullptr;
     Bundle* bundle = nullptr;
     ChildProcesses* childProcesses = nullptr;
     Dispatch* dispatch = nullptr;
+    EventMonitors* eventMonitors = nullptr;
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
     MediaRemote* mediaRemote = nullptr;
     Network* network = nullptr;
     Notifications* notifications = nullptr;
+    Panels* panels = nullptr;
+    StatusBar* statusBar = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
+    Notifications* workspaceNotifications = nullptr;
   };
 
   TestPlatform() : TestPlatform(Services{}) {}
@@ -36,12 +41,16 @@ class TestPlatform : public Platform {
 
   Accessibility& accessibility() override { return lent(services_.accessibility, "accessibility"); }
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  Application& application() override { return lent(services_.application, "the application"); }
   AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
   ChildProcesses& childProcesses() override {
     return lent(services_.childProcesses, "child processes");
   }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
+  EventMonitors& eventMonitors() override {
+    return lent(services_.eventMonitors, "event monitors");
+  }
   EventTap& eventTap() override { return lent(services_.eventTap, "the event tap"); }
   ImageDecoder& imageDecoder() override {
     return lent(services_.imageDecoder, "the image decoder");
@@ -51,8 +60,13 @@ class TestPlatform : public Platform {
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
   Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
+  Panels& panels() override { return lent(services_.panels, "panels"); }
+  StatusBar& statusBar() override { return lent(services_.statusBar, "the status bar"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
+  Notifications& workspaceNotifications() override {
+    return lent(services_.workspaceNotifications, "workspace notifications");
+  }
 
  private:
   template <class Service>

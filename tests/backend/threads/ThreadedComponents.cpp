@@ -12,6 +12,7 @@
 #include "tests/component/AutoRoutingTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/PlayerDetectionTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
 #include "tests/component/WebTabDetectionTest.h"
@@ -55,6 +56,7 @@ INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, NowPlayingTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, PlayerDetectionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebTabDetectionTest, world);

@@ -111,7 +111,7 @@ TEST_F(WebComponentTest, TitlesReachTheHelperAsTheyAre) {
 TEST_F(WebComponentTest, AudioActivityHasTheBrowserWhileAPageSoundsAndForTheLinger) {
   const auto activity = AudioActivity::make();
   activity->startPolling();
-  const auto sounds = [&] { return activity->activeBundleIDs().contains(chrome); };
+  const auto sounds = [&] { return activity->activeBundleIDs().get().contains(chrome); };
   stage().open(video, video.youTube());
   ASSERT_TRUE(runUntil(sounds));
   LinuxDispatch& dispatch = platform().services().dispatch();

@@ -88,13 +88,13 @@ TEST_P(AudioActivityTimesTest, KeepsAnApplicationForAWhileAfterItFallsSilent) {
   const auto object = audio().add({.bundleID = "com.a"});
   activity->startPolling();
   time().run(10s);
-  ASSERT_EQ(activity->activeBundleIDs(), (Set{"com.a"}));
+  ASSERT_EQ(activity->activeBundleIDs().get(), (Set{"com.a"}));
   audio().remove(object);
   // Last seen at most two and a half seconds ago; gone by the first poll after four seconds.
   time().run(1500ms);
-  EXPECT_EQ(activity->activeBundleIDs(), (Set{"com.a"}));
+  EXPECT_EQ(activity->activeBundleIDs().get(), (Set{"com.a"}));
   time().run(5s);
-  EXPECT_THAT(activity->activeBundleIDs(), IsEmpty());
+  EXPECT_THAT(activity->activeBundleIDs().get(), IsEmpty());
 }
 
 TEST_P(AudioActivityTimesTest, OneFailedPollTakesNothingAway) {
@@ -103,12 +103,12 @@ TEST_P(AudioActivityTimesTest, OneFailedPollTakesNothingAway) {
   time().runUntilIdle();
   audio().setListSizeStatus(1);
   time().run(2500ms);
-  EXPECT_EQ(activity->activeBundleIDs(), (Set{"com.a"}));
+  EXPECT_EQ(activity->activeBundleIDs().get(), (Set{"com.a"}));
   time().run(5s);
-  EXPECT_THAT(activity->activeBundleIDs(), IsEmpty());
+  EXPECT_THAT(activity->activeBundleIDs().get(), IsEmpty());
   audio().setListSizeStatus(0);
   time().run(2500ms);
-  EXPECT_EQ(activity->activeBundleIDs(), (Set{"com.a"}));
+  EXPECT_EQ(activity->activeBundleIDs().get(), (Set{"com.a"}));
 }
 
 TEST_P(AudioActivityTimesTest, RemembersAcrossAStop) {
@@ -120,7 +120,7 @@ TEST_P(AudioActivityTimesTest, RemembersAcrossAStop) {
   time().run(3s);
   activity->startPolling();
   time().runUntilIdle();
-  EXPECT_EQ(activity->activeBundleIDs(), (Set{"com.a"}));
+  EXPECT_EQ(activity->activeBundleIDs().get(), (Set{"com.a"}));
 }
 
 TEST_P(AudioActivityTimesTest, OnASystemWithoutProcessObjectsNothingIsEverAsked) {
@@ -128,7 +128,7 @@ TEST_P(AudioActivityTimesTest, OnASystemWithoutProcessObjectsNothingIsEverAsked)
   audio().add({.bundleID = "com.a"});
   activity->startPolling();
   time().run(10s);
-  EXPECT_THAT(activity->activeBundleIDs(), IsEmpty());
+  EXPECT_THAT(activity->activeBundleIDs().get(), IsEmpty());
   EXPECT_EQ(polls(), 0);
 }
 

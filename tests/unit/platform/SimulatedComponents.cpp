@@ -7,6 +7,7 @@
 #include "tests/component/AutoRoutingTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/PlayerDetectionTest.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
@@ -31,6 +32,7 @@ INSTANTIATE_TEST_SUITE_P(Simulated, AutoRoutingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, NowPlayingTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, PlayerDetectionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebPlayerControllerTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebTabDetectionTest, worlds);

@@ -1,0 +1,31 @@
+#include "panel/PermissionWarningRow.h"
+
+#include <utility>
+
+#include "panel/ViewParts.h"
+
+namespace talmo {
+namespace {
+
+View openSettingsButton(ViewRole role) {
+  return textButtonView("open-settings", role, "Grant Accessibility Access\u2026", {});
+}
+
+}  // namespace
+
+View permissionWarningRow(PermissionWarningKind kind) {
+  std::vector<View> buttons;
+  if (kind == PermissionWarningKind::needsGrant) {
+    buttons.push_back(openSettingsButton(ViewRole::prominentButton));
+  } else {
+    buttons.push_back(
+        textButtonView("relaunch", ViewRole::prominentButton, "Already allowed? Reopen Talmo", {}));
+    buttons.push_back(openSettingsButton(ViewRole::linkButton));
+  }
+  return horizontalView(
+      "permission-warning", ViewRole::warning,
+      {symbolView("symbol", ViewRole::warningSymbol, "exclamationmark.triangle.fill"),
+       verticalView("buttons", ViewRole::group, std::move(buttons))});
+}
+
+}  // namespace talmo
