@@ -20,10 +20,11 @@ View playerIcon(const std::optional<TargetApp>& player) {
 View card(View picture, std::string title, std::string detail, bool isPlaying) {
   std::vector<View> texts{textView("title", ViewRole::title, std::move(title))};
   if (!detail.empty()) texts.push_back(textView("detail", ViewRole::detail, std::move(detail)));
-  std::vector<View> parts{std::move(picture),
-                          verticalView("texts", ViewRole::group, std::move(texts))};
-  if (isPlaying) parts.push_back(playbackChip());
-  return horizontalView("now-playing", ViewRole::card, std::move(parts));
+  // Below the texts, as beside them it would take the room of a title's last words.
+  if (isPlaying) texts.push_back(playbackChip());
+  return horizontalView(
+      "now-playing", ViewRole::card,
+      {std::move(picture), verticalView("texts", ViewRole::group, std::move(texts))});
 }
 
 }  // namespace
