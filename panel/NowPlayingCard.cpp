@@ -36,8 +36,7 @@ View nowPlayingCard(const NowPlayingState& state, const std::optional<TargetApp>
                 track->title, track->artist, track->isPlaying);
   }
   if (const auto* const running = std::get_if<RunningNoInfo>(&state)) {
-    return card(playerIcon(player), running->displayName, "Open, but it doesn't say what's playing",
-                false);
+    return card(playerIcon(player), running->displayName, "It doesn't say what's playing", false);
   }
   return card(symbolView("icon", ViewRole::artwork, "music.note"), "Nothing playing",
               "Press play and it shows up here", false);

@@ -1,6 +1,7 @@
 #include "platform/linux/interface/view/ListArea.h"
 
 #include <algorithm>
+#include <QLayout>
 #include <QScrollBar>
 
 #include "platform/linux/interface/view/Metrics.h"
@@ -21,6 +22,10 @@ ListArea::ListArea(QWidget* list, const Look& look, QWidget* parent)
   viewport()->setAutoFillBackground(false);
   list->setAutoFillBackground(false);
   thumb_.raise();
+  // Rows end where the thumb begins.
+  connect(verticalScrollBar(), &QScrollBar::rangeChanged, list, [list](int low, int high) {
+    list->layout()->setContentsMargins(0, 0, high > low ? Metrics::step : 0, 0);
+  });
 }
 
 QSize ListArea::sizeHint() const {

@@ -14,13 +14,13 @@ struct Metrics {
   static constexpr int artworkRadius = 8;
   static constexpr int icon = 28;
   static constexpr int symbol = 16;
-  /// Of a list that scrolls; half a row says that there is more.
-  static constexpr int longestList = 7 * rowHeight + rowHeight / 2;
-
   static constexpr int tight = 2;
   static constexpr int small = 4;
   static constexpr int step = 8;
   static constexpr int wide = 12;
+
+  /// Of a list that scrolls; half a row says that there is more.
+  static constexpr int longestList = 7 * (rowHeight + tight) + rowHeight / 2;
 };
 
 }  // namespace talmo

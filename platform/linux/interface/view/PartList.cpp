@@ -26,6 +26,7 @@ int gapBetween(const Part& above, const Part& below) {
 }  // namespace
 
 void PartList::set(std::span<const View> views) {
+  const std::vector<Part*> before = parts_;
   std::vector<Part*> next;
   next.reserve(views.size());
   for (const View& view : views) {
@@ -43,7 +44,7 @@ void PartList::set(std::span<const View> views) {
     gone->widget().hide();
     gone->widget().deleteLater();
   }
-  arrange();
+  if (parts_ != before) arrange();
   for (std::size_t index = 0; index < views.size(); ++index) {
     Part& part = *parts_[index];
     part.setView(views[index]);
@@ -84,11 +85,7 @@ void PartList::arrangeHorizontally() {
       std::ranges::find_if(parts_, [](const Part* part) { return part->takesRoom(); });
   for (Part* part : parts_) {
     const bool isWide = wide != parts_.end() && part == *wide;
-    Qt::Alignment alignment;
-    if (!part->takesRoom()) {
-      alignment = container_ == ViewRole::warning ? Qt::AlignTop : Qt::AlignVCenter;
-    }
-    layout_.addWidget(&part->widget(), isWide ? 1 : 0, alignment);
+    layout_.addWidget(&part->widget(), isWide ? 1 : 0, Qt::AlignVCenter);
   }
   // Where nothing does, all stand at the beginning of the line.
   if (wide == parts_.end()) layout_.addStretch(1);

@@ -7,9 +7,9 @@
 namespace talmo {
 namespace {
 
-constexpr int reach = 10;
+constexpr int reach = 8;
 constexpr int thickness = 4;
-constexpr int margin = 2;
+constexpr int margin = 1;
 constexpr int shortest = 32;
 
 }  // namespace

@@ -10,8 +10,12 @@
 namespace talmo {
 namespace {
 
-QMargins marginsOf(ViewRole role) {
+QMargins marginsOf(ViewRole role, ViewRole container) {
   switch (role) {
+    case ViewRole::group:
+      // In a list it stands where the rows' content does.
+      if (container != ViewRole::section) return {};
+      return {Metrics::step, Metrics::small, Metrics::step, Metrics::step};
     case ViewRole::glass:
       return {Metrics::step, Metrics::step, Metrics::step, Metrics::step};
     case ViewRole::card:
@@ -47,7 +51,7 @@ StackPart::StackPart(const View& view, ViewRole container, const Look& look, QWi
           view.kind == ViewKind::vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight,
           this)),
       children_(layout_, *this, view.role == ViewRole::group ? container : view.role, look) {
-  layout_.setContentsMargins(marginsOf(view.role));
+  layout_.setContentsMargins(marginsOf(view.role, container));
   layout_.setSpacing(spacingOf(view.role));
 }
 
