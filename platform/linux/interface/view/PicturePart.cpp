@@ -28,7 +28,7 @@ QSize PicturePart::sizeHint() const {
 void PicturePart::paintEvent(QPaintEvent*) {
   if (!image_) return;
   QPainter painter(this);
-  if (role() != ViewRole::artwork) {
+  if (isIcon()) {
     painter.drawImage(0, 0, scaled());
     return;
   }
@@ -40,6 +40,17 @@ void PicturePart::paintEvent(QPaintEvent*) {
   toPoints.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
   picture.setTransform(toPoints);
   painter.fillPath(shape, picture);
+  // A light cover has an edge on a light card too.
+  const qreal width = 1 / devicePixelRatioF();
+  const qreal inset = width / 2;
+  painter.setPen(QPen(look().palette->cardBorder, width));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
+                          Metrics::artworkRadius - inset, Metrics::artworkRadius - inset);
+}
+
+bool PicturePart::isIcon() const {
+  // An application's icon stands in for an artwork; its corners are its own.
+  return role() == ViewRole::icon || image_->pixels->at(3) == 0;
 }
 
 const QImage& PicturePart::scaled() {
@@ -48,15 +59,14 @@ const QImage& PicturePart::scaled() {
   if (scaled_.size() == pixels) return scaled_;
   const QImage whole(image_->pixels->data(), image_->width, image_->height, image_->width * 4,
                      QImage::Format_RGBA8888);
-  const bool isArtwork = role() == ViewRole::artwork;
   const QImage fitted =
       whole.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-          .scaled(pixels, isArtwork ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio,
+          .scaled(pixels, isIcon() ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding,
                   Qt::SmoothTransformation);
   // Its middle, where it is cut or does not fill the place.
   scaled_ = fitted.copy((fitted.width() - pixels.width()) / 2,
                         (fitted.height() - pixels.height()) / 2, pixels.width(), pixels.height());
-  scaled_.setDevicePixelRatio(isArtwork ? 1 : scale);
+  scaled_.setDevicePixelRatio(isIcon() ? scale : 1);
   return scaled_;
 }
 

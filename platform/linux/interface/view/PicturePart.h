@@ -25,6 +25,7 @@ class PicturePart : public QWidget, public Part {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  bool isIcon() const;
   /// The picture as it is shown, made when it, its size or the screen's scale is another.
   const QImage& scaled();
 

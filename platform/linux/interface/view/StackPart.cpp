@@ -1,11 +1,13 @@
 #include "platform/linux/interface/view/StackPart.h"
 
+#include <algorithm>
 #include <QBoxLayout>
 #include <QMargins>
 #include <QPainter>
 
 #include "platform/linux/interface/view/Grounds.h"
 #include "platform/linux/interface/view/Metrics.h"
+#include "platform/linux/interface/view/Tint.h"
 
 namespace talmo {
 namespace {
@@ -58,12 +60,24 @@ StackPart::StackPart(const View& view, ViewRole container, const Look& look, QWi
 void StackPart::setView(const View& view) {
   setAccessibleName(QString::fromStdString(view.accessibilityLabel));
   children_.set(view.children);
+  if (view.role == ViewRole::card) tint(view);
   update();
+}
+
+void StackPart::tint(const View& view) {
+  const auto artwork = std::ranges::find_if(
+      view.children, [](const View& child) { return child.image.has_value(); });
+  const std::optional<Image> picture =
+      artwork == view.children.end() ? std::nullopt : artwork->image;
+  if (picture == picture_) return;
+  picture_ = picture;
+  tint_ = picture_ ? tintOf(*picture_) : QColor();
 }
 
 void StackPart::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   paintGround(painter, rect(), role(), *look().palette);
+  if (tint_.isValid()) paintTint(painter, rect(), tint_);
 }
 
 }  // namespace talmo

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
+#include <QColor>
 #include <QWidget>
 
+#include "platform/Image.h"
 #include "platform/linux/interface/view/Part.h"
 #include "platform/linux/interface/view/PartList.h"
 
@@ -23,8 +26,13 @@ class StackPart : public QWidget, public Part {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void tint(const View& view);
+
   QBoxLayout& layout_;
   PartList children_;
+  // Of a card: its picture, and the colour of its light.
+  std::optional<Image> picture_;
+  QColor tint_;
 };
 
 }  // namespace talmo
