@@ -13,8 +13,8 @@
 
 namespace talmo {
 
-LinuxStatusItem::LinuxStatusItem(const Bundle& bundle, LinuxOwnApplication& application)
-    : bundle_(bundle), application_(application) {
+LinuxStatusItem::LinuxStatusItem(const Vectors& vectors, LinuxOwnApplication& application)
+    : vectors_(vectors), application_(application) {
   if (qApp != nullptr) {
     icon_ = std::make_unique<QSystemTrayIcon>();
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &LinuxStatusItem::clicked);
@@ -71,7 +71,7 @@ bool LinuxStatusItem::eventFilter(QObject* watched, QEvent* event) {
 
 void LinuxStatusItem::draw() {
   if (!icon_) return;
-  icon_->setIcon(statusIcon(bundle_, image_, trayForeground(icon_->geometry()), alpha_));
+  icon_->setIcon(statusIcon(vectors_, image_, trayForeground(icon_->geometry()), alpha_));
 }
 
 void LinuxStatusItem::clicked(QSystemTrayIcon::ActivationReason reason) {

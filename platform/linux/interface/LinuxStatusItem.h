@@ -7,9 +7,9 @@
 #include <QObject>
 #include <QSystemTrayIcon>
 
-#include "platform/Bundle.h"
 #include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/interface/LinuxStatusButton.h"
+#include "platform/linux/interface/view/Vectors.h"
 #include "platform/StatusItem.h"
 
 namespace talmo {
@@ -18,7 +18,7 @@ namespace talmo {
 class LinuxStatusItem : public QObject, public StatusItem {
  public:
   /// Both live longer.
-  LinuxStatusItem(const Bundle& bundle, LinuxOwnApplication& application);
+  LinuxStatusItem(const Vectors& vectors, LinuxOwnApplication& application);
   ~LinuxStatusItem() override;
   LinuxStatusItem(const LinuxStatusItem&) = delete;
   LinuxStatusItem& operator=(const LinuxStatusItem&) = delete;
@@ -38,7 +38,7 @@ class LinuxStatusItem : public QObject, public StatusItem {
   void clicked(QSystemTrayIcon::ActivationReason reason);
   void dropDown();
 
-  const Bundle& bundle_;
+  const Vectors& vectors_;
   LinuxOwnApplication& application_;
   std::unique_ptr<QSystemTrayIcon> icon_;
   std::shared_ptr<LinuxStatusButton> button_;
