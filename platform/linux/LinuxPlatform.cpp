@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/linux/applications/LinuxApplications.h"
+#include "platform/linux/interface/LinuxInterface.h"
 
 namespace talmo {
 namespace {
@@ -15,7 +16,7 @@ constexpr const char* trustChanged = "com.apple.accessibility.api";
 LinuxPlatform::LinuxPlatform(std::filesystem::path bundleFolder)
     : bundle_(bundleFolder),
       childProcesses_(std::move(bundleFolder)),
-      application_(dispatch_),
+      application_(dispatch_, bundle_),
       userDefaults_(LinuxUserDefaults::standardFile()),
       distributedNotifications_(dispatch_),
       keyEvents_(LinuxApplications::strokeException),
@@ -23,7 +24,10 @@ LinuxPlatform::LinuxPlatform(std::filesystem::path bundleFolder)
       appleEvents_(bundle_.resourcePath("browser-consent", "html").value_or("")),
       workspace_(dispatch_),
       notifications_(dispatch_),
-      mediaRemote_(notifications_) {
+      workspaceNotifications_(dispatch_),
+      mediaRemote_(notifications_),
+      interface_(std::make_unique<LinuxInterface>(bundle_, application_, notifications_,
+                                                  workspaceNotifications_)) {
   eventTap_.onKeysLost([this] { distributedNotifications_.post(trustChanged); });
 }
 
@@ -31,6 +35,18 @@ LinuxPlatform::~LinuxPlatform() {
   dispatch_.shutdown();
   // The components' records may hold queues.
   states().clear();
+}
+
+EventMonitors& LinuxPlatform::eventMonitors() {
+  return interface_->eventMonitors;
+}
+
+Panels& LinuxPlatform::panels() {
+  return interface_->panels;
+}
+
+StatusBar& LinuxPlatform::statusBar() {
+  return interface_->statusBar;
 }
 
 }  // namespace talmo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
@@ -10,8 +11,8 @@
 #include "platform/linux/input/LinuxAccessibility.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/LinuxBundle.h"
-#include "platform/linux/LinuxOwnApplication.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
 #include "platform/linux/network/LinuxNetwork.h"
@@ -22,8 +23,11 @@
 
 namespace talmo {
 
+struct LinuxInterface;
+
 /// The services of a Linux desktop. The thread that makes it is the main thread; it destroys it
-/// after every tap has been stopped, and while it is still the platform in use.
+/// after every tap has been stopped, and while it is still the platform in use. It has an interface
+/// when a `Toolkit` was made before, which lives longer.
 class LinuxPlatform : public Platform {
  public:
   /// The bundle's folder is the running program's, or another absolute one.
@@ -39,6 +43,7 @@ class LinuxPlatform : public Platform {
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
   MainQueueNotifications& distributedNotifications() override { return distributedNotifications_; }
+  EventMonitors& eventMonitors() override;
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
@@ -46,8 +51,11 @@ class LinuxPlatform : public Platform {
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
   LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
+  Panels& panels() override;
+  StatusBar& statusBar() override;
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
+  MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
 
  private:
   LinuxBundle bundle_;
@@ -66,7 +74,9 @@ class LinuxPlatform : public Platform {
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
   MainQueueNotifications notifications_;
+  MainQueueNotifications workspaceNotifications_;
   LinuxMediaRemote mediaRemote_;
+  std::unique_ptr<LinuxInterface> interface_;
   // Goes first: its completions may ask for any other service.
   LinuxNetwork network_;
 };

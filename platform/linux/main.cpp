@@ -1,3 +1,4 @@
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -6,6 +7,8 @@
 #include <signal.h>
 
 #include "app/AppCoordinator.h"
+#include "platform/linux/interface/Toolkit.h"
+#include "platform/linux/interface/ToolkitExit.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/x11/XConnection.h"
@@ -32,12 +35,31 @@ void surviveBrokenPipes() {
   ::sigaction(SIGPIPE, &action, nullptr);
 }
 
+/// Frees the keys and waits for what still runs, but not for long; returns when nothing does.
+void leave(LinuxPlatform& platform, AppCoordinator& coordinator, int status) {
+  coordinator.tap().stop();
+  if (!platform.dispatch().shutdown(grace)) {
+    log.notice("not waiting for the last command");
+    std::_Exit(status);
+  }
+}
+
 /// Serves the program until a signal, its own wish or the loss of the display; returns the exit
 /// status.
 int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
   LinuxDispatch& dispatch = platform.dispatch();
   const TerminationSignals signals(dispatch);
-  platform.eventTap().onDisplayLost([&dispatch] { dispatch.stopMainLoop(); });
+  std::atomic<bool> isDisplayLost = false;
+  platform.eventTap().onDisplayLost([&] {
+    isDisplayLost = true;
+    dispatch.stopMainLoop();
+  });
+  // The toolkit may notice first.
+  const ToolkitExit toolkitExit([&] {
+    log.error("the X display has gone; leaving");
+    leave(platform, coordinator, EXIT_FAILURE);
+    std::_Exit(EXIT_FAILURE);
+  });
 
   coordinator.start();
   if (!coordinator.tap().isRunning() && !XConnection::open()) {
@@ -48,21 +70,16 @@ int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
   }
   dispatch.runMainLoop();
 
-  const std::optional<int> signal = signals.received();
-  if (signal) {
+  int status = EXIT_SUCCESS;
+  if (const std::optional<int> signal = signals.received()) {
     log.info("leaving on signal %d", *signal);
-  } else if (platform.application().isTerminating()) {
-    log.info("leaving");
-  } else {
+  } else if (isDisplayLost) {
     log.error("the X display has gone; leaving");
+    status = EXIT_FAILURE;
+  } else {
+    log.info("leaving");
   }
-  const bool isOrderly = signal || platform.application().isTerminating();
-  const int status = isOrderly ? EXIT_SUCCESS : EXIT_FAILURE;
-  coordinator.tap().stop();
-  if (!dispatch.shutdown(grace)) {
-    log.notice("not waiting for the last command");
-    std::_Exit(status);
-  }
+  leave(platform, coordinator, status);
   return status;
 }
 
@@ -77,6 +94,7 @@ int main(int count, char** arguments) {
   talmo::surviveBrokenPipes();
   int status = EXIT_SUCCESS;
   {
+    const auto toolkit = talmo::Toolkit::connect();
     talmo::LinuxPlatform platform;
     talmo::setPlatform(&platform);
     const auto coordinator = talmo::AppCoordinator::make();

@@ -13,6 +13,7 @@
 #include "platform/linux/applications/MprisNames.h"
 #include "platform/linux/applications/ProcessTable.h"
 #include "platform/linux/applications/RecentlyUsed.h"
+#include "platform/linux/images/ThemedIcon.h"
 #include "support/Logger.h"
 
 namespace talmo {
@@ -191,6 +192,12 @@ std::optional<Date> LinuxWorkspace::lastUsedDate(const std::string& url) const {
   const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
   if (!entry) return std::nullopt;
   return lastUse(*entry);
+}
+
+std::optional<Image> LinuxWorkspace::icon(const std::string& url, int pixels) const {
+  const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
+  if (!entry) return std::nullopt;
+  return themedIcon(entry->iconName(), pixels);
 }
 
 std::vector<LocalPlayer> LinuxWorkspace::localPlayers() const {

@@ -41,6 +41,9 @@ class LinuxWorkspace : public Workspace {
   /// From the desktop's list of recently used files.
   std::optional<Date> lastUsedDate(const std::string& url) const override;
 
+  /// From the desktop's icon theme. Nothing without the toolkit.
+  std::optional<Image> icon(const std::string& url, int pixels) const override;
+
   std::vector<LocalPlayer> localPlayers() const override;
 
  private:

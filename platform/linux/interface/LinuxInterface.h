@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/linux/interface/DesktopWatch.h"
+#include "platform/linux/interface/LinuxEventMonitors.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
+#include "platform/linux/interface/LinuxPanels.h"
+#include "platform/linux/interface/LinuxStatusBar.h"
+
+namespace talmo {
+
+/// The services that are made with the toolkit. Main thread.
+struct LinuxInterface {
+  /// All live longer.
+  LinuxInterface(const Bundle& bundle, LinuxOwnApplication& application,
+                 Notifications& notifications, Notifications& workspaceNotifications)
+      : statusBar(bundle, application),
+        eventMonitors(application),
+        desktopWatch(workspaceNotifications, notifications) {}
+
+  LinuxStatusBar statusBar;
+  LinuxPanels panels;
+  LinuxEventMonitors eventMonitors;
+  DesktopWatch desktopWatch;
+};
+
+}  // namespace talmo
