@@ -20,10 +20,11 @@ View playerIcon(const std::optional<TargetApp>& player) {
 View card(View picture, std::string title, std::string detail, bool isPlaying) {
   std::vector<View> texts{textView("title", ViewRole::title, std::move(title))};
   if (!detail.empty()) texts.push_back(textView("detail", ViewRole::detail, std::move(detail)));
-  std::vector<View> parts{std::move(picture),
-                          verticalView("texts", ViewRole::group, std::move(texts))};
-  if (isPlaying) parts.push_back(playbackChip());
-  return horizontalView("now-playing", ViewRole::card, std::move(parts));
+  // Below the texts, as beside them it would take the room of a title's last words.
+  if (isPlaying) texts.push_back(playbackChip());
+  return horizontalView(
+      "now-playing", ViewRole::card,
+      {std::move(picture), verticalView("texts", ViewRole::group, std::move(texts))});
 }
 
 }  // namespace
@@ -35,8 +36,7 @@ View nowPlayingCard(const NowPlayingState& state, const std::optional<TargetApp>
                 track->title, track->artist, track->isPlaying);
   }
   if (const auto* const running = std::get_if<RunningNoInfo>(&state)) {
-    return card(playerIcon(player), running->displayName, "Open, but it doesn't say what's playing",
-                false);
+    return card(playerIcon(player), running->displayName, "It doesn't say what's playing", false);
   }
   return card(symbolView("icon", ViewRole::artwork, "music.note"), "Nothing playing",
               "Press play and it shows up here", false);
