@@ -5,8 +5,11 @@
 #include <optional>
 #include <string>
 
+#include "app/HeroTarget.h"
 #include "keys/MediaKeyTap.h"
 #include "keys/MediaKeyTapDelegate.h"
+#include "panel/PanelController.h"
+#include "panel/StatusItemController.h"
 #include "permissions/AccessibilityPermission.h"
 #include "platform/Queue.h"
 #include "players/MediaKey.h"
@@ -31,6 +34,9 @@ class AppCoordinator : public MediaKeyTapDelegate,
   /// Becomes the tap's delegate, sets the routing state, and from then on has the tap run while the
   /// program is trusted. Once, main thread.
   void start();
+
+  /// Opens the panel, unless it is open. Main thread.
+  void openPanel();
 
   /// Re-reads the selection and sets the routing state: auto, fixed or off. Main thread.
   void updateActiveController();
@@ -59,6 +65,8 @@ class AppCoordinator : public MediaKeyTapDelegate,
   AppCoordinator();
 
   void startTap();
+  void connectInterface();
+  void refreshPanel();
   void route(bool isAutoRouting, const std::shared_ptr<MusicAppController>& fixed, MediaKey key);
 
   // Auto routing (AutoRouting.cpp). Command queue.
@@ -68,6 +76,9 @@ class AppCoordinator : public MediaKeyTapDelegate,
 
   const std::shared_ptr<MediaKeyTap> tap_;
   const std::shared_ptr<AccessibilityPermission> permission_;
+  const std::shared_ptr<StatusItemController> statusItemController_;
+  const std::shared_ptr<PanelController> panelController_;
+  std::shared_ptr<HeroTarget> heroTarget_;
   const std::shared_ptr<Queue> commandQueue_;
   Mutex controllerLock_;
   std::shared_ptr<MusicAppController> _activeController TALMO_GUARDED_BY(controllerLock_);
