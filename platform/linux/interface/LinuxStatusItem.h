@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <QColor>
 #include <QObject>
 #include <QSystemTrayIcon>
 
@@ -30,10 +31,11 @@ class LinuxStatusItem : public QObject, public StatusItem {
   void setMenu(std::optional<Menu> menu) override;
   void performClick() override;
 
-  /// Draws the icon anew when the desktop's look or the tray's place has changed.
+  /// Draws the icon anew when what it is seen against has changed.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void followTray();
   void draw();
   void clicked(QSystemTrayIcon::ActivationReason reason);
   void dropDown();
@@ -44,6 +46,7 @@ class LinuxStatusItem : public QObject, public StatusItem {
   std::shared_ptr<LinuxStatusButton> button_;
   StatusImage image_;
   double alpha_ = 1;
+  QColor foreground_;
   std::uint64_t mask_ = 0;
   std::function<void()> action_;
   std::optional<Menu> menu_;

@@ -10,7 +10,9 @@
 #include <string>
 
 #include "platform/linux/interface/MenuPopup.h"
+#include "platform/linux/interface/view/Appearance.h"
 #include "platform/linux/interface/view/ContentView.h"
+#include "platform/linux/interface/view/Palette.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace talmo {
@@ -32,6 +34,7 @@ bool hasCompositor() {
 PanelWindow::PanelWindow(const Vectors& vectors, Appearance& appearance)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                            Qt::NoDropShadowWindowHint),
+      appearance_(appearance),
       content_(new ContentView(vectors, appearance, this)),
       animation_(this, "geometry") {
   setAttribute(Qt::WA_TranslucentBackground);
@@ -108,8 +111,11 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelWindow::paintEvent(QPaintEvent*) {
-  // The content's ground lets something through, which without a compositor is nothing.
-  if (!isBlended_) QPainter(this).fillRect(rect(), palette().window());
+  if (isBlended_) return;
+  // The content's ground would let nothing but black through.
+  QColor ground = (appearance_.isDark() ? Palette::dark() : Palette::light()).glass;
+  ground.setAlphaF(1);
+  QPainter(this).fillRect(rect(), ground);
 }
 
 void PanelWindow::resizeEvent(QResizeEvent*) {

@@ -47,6 +47,7 @@ class PanelWindow : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  const Appearance& appearance_;
   ContentView* const content_;
   QPropertyAnimation animation_;
   // Decided at each opening.
