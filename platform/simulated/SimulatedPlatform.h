@@ -83,7 +83,7 @@ class SimulatedPlatform : public Platform {
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedNetwork network_{*dispatch_};
-  SimulatedWorkspace workspace_{*dispatch_, applications_};
+  SimulatedWorkspace workspace_{applications_, *dispatch_};
   MainQueueNotifications notifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};
 };

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Dispatch.h"
+#include "platform/linux/applications/OpenedApplications.h"
 #include "platform/Workspace.h"
 
 namespace talmo {
@@ -30,16 +32,21 @@ class LinuxWorkspace : public Workspace {
   /// For an application that is not in the table, the id of its desktop entry.
   std::optional<std::string> frontmostApplication() const override;
 
+  /// Remembers when, for `lastUsedDate`.
   void openApplication(const std::string& url) override;
   void openURL(const std::string& url) override;
 
-  /// From the desktop's list of recently used files.
+  /// The latest of the application's use of a file, its time in front, as far as the desktop keeps
+  /// such records, and its being opened by this program.
   std::optional<Date> lastUsedDate(const std::string& url) const override;
 
   std::vector<LocalPlayer> localPlayers() const override;
 
  private:
   Dispatch& dispatch_;
+  // Shared with what is being opened.
+  const std::shared_ptr<OpenedApplications> opened_ =
+      std::make_shared<OpenedApplications>(OpenedApplications::standardFile());
 };
 
 }  // namespace talmo
