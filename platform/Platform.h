@@ -11,6 +11,7 @@
 #include "platform/ImageDecoder.h"
 #include "platform/KeyEvents.h"
 #include "platform/Log.h"
+#include "platform/LoginItem.h"
 #include "platform/MediaRemote.h"
 #include "platform/Network.h"
 #include "platform/Notifications.h"
@@ -39,6 +40,7 @@ class Platform {
   virtual ImageDecoder& imageDecoder() = 0;
   virtual KeyEvents& keyEvents() = 0;
   virtual Log& log() = 0;
+  virtual LoginItem& loginItem() = 0;
   virtual MediaRemote& mediaRemote() = 0;
   virtual Network& network() = 0;
   virtual Notifications& notifications() = 0;

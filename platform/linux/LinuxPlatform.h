@@ -12,6 +12,7 @@
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/log/LinuxLog.h"
+#include "platform/linux/login/LinuxLoginItem.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
 #include "platform/linux/network/LinuxNetwork.h"
 #include "platform/linux/processes/LinuxChildProcesses.h"
@@ -40,6 +41,7 @@ class LinuxPlatform : public Platform {
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
   LinuxLog& log() override { return log_; }
+  LinuxLoginItem& loginItem() override { return loginItem_; }
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
   LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
@@ -51,6 +53,7 @@ class LinuxPlatform : public Platform {
   LinuxLog log_;
   LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
+  LinuxLoginItem loginItem_;
   LinuxUserDefaults userDefaults_;
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;

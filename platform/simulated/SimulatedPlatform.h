@@ -15,6 +15,7 @@
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
+#include "platform/simulated/SimulatedLoginItem.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
 #include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
@@ -59,6 +60,7 @@ class SimulatedPlatform : public Platform {
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
+  SimulatedLoginItem& loginItem() override { return loginItem_; }
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
   SimulatedNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
@@ -82,6 +84,7 @@ class SimulatedPlatform : public Platform {
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
+  SimulatedLoginItem loginItem_;
   SimulatedNetwork network_{*dispatch_};
   SimulatedWorkspace workspace_{applications_, *dispatch_};
   MainQueueNotifications notifications_{*dispatch_};

@@ -23,6 +23,7 @@ class TestPlatform : public Platform {
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
+    LoginItem* loginItem = nullptr;
     MediaRemote* mediaRemote = nullptr;
     Network* network = nullptr;
     Notifications* notifications = nullptr;
@@ -48,6 +49,7 @@ class TestPlatform : public Platform {
   }
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
+  LoginItem& loginItem() override { return lent(services_.loginItem, "the login item"); }
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
   Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
