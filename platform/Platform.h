@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/AppleEvents.h"
+#include "platform/Application.h"
 #include "platform/AudioObjects.h"
 #include "platform/Bundle.h"
 #include "platform/ChildProcesses.h"
@@ -15,6 +16,7 @@
 #include "platform/MediaRemote.h"
 #include "platform/Network.h"
 #include "platform/Notifications.h"
+#include "platform/SoftwareUpdate.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
@@ -32,6 +34,7 @@ class Platform {
 
   virtual Accessibility& accessibility() = 0;
   virtual AppleEvents& appleEvents() = 0;
+  virtual Application& application() = 0;
   virtual AudioObjects& audioObjects() = 0;
   virtual Bundle& bundle() = 0;
   virtual ChildProcesses& childProcesses() = 0;
@@ -44,6 +47,7 @@ class Platform {
   virtual MediaRemote& mediaRemote() = 0;
   virtual Network& network() = 0;
   virtual Notifications& notifications() = 0;
+  virtual SoftwareUpdate& softwareUpdate() = 0;
   virtual UserDefaults& userDefaults() = 0;
   virtual Workspace& workspace() = 0;
 

@@ -11,6 +11,8 @@
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/LinuxBundle.h"
+#include "platform/linux/LinuxOwnApplication.h"
+#include "platform/linux/LinuxSoftwareUpdate.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/login/LinuxLoginItem.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
@@ -33,6 +35,7 @@ class LinuxPlatform : public Platform {
 
   LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxOwnApplication& application() override { return application_; }
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
@@ -45,6 +48,7 @@ class LinuxPlatform : public Platform {
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
   LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
+  LinuxSoftwareUpdate& softwareUpdate() override { return softwareUpdate_; }
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
 
@@ -54,12 +58,14 @@ class LinuxPlatform : public Platform {
   LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
   LinuxLoginItem loginItem_;
+  LinuxSoftwareUpdate softwareUpdate_;
   LinuxUserDefaults userDefaults_;
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
   LinuxAccessibility accessibility_;
   LinuxAppleEvents appleEvents_;
+  LinuxOwnApplication application_;
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
   MainQueueNotifications notifications_;

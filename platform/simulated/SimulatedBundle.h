@@ -34,6 +34,12 @@ class SimulatedBundle : public Bundle {
     const MutexLock lock(mutex_);
     return frameworks_;
   }
+  std::optional<std::string> objectForInfoDictionaryKey(const std::string& key) const override {
+    const MutexLock lock(mutex_);
+    const auto found = info_.find(key);
+    if (found == info_.end()) return std::nullopt;
+    return found->second;
+  }
   bool fileExists(const std::string& path) const override {
     const MutexLock lock(mutex_);
     return files_.contains(path);
@@ -47,6 +53,11 @@ class SimulatedBundle : public Bundle {
     } else {
       resources_.erase(file);
     }
+  }
+  /// Sets a text in the information dictionary, which is empty at first.
+  void setInfo(const std::string& key, const std::string& value) {
+    const MutexLock lock(mutex_);
+    info_[key] = value;
   }
   void setPrivateFrameworksPath(std::optional<std::string> path) {
     const MutexLock lock(mutex_);
@@ -65,6 +76,7 @@ class SimulatedBundle : public Bundle {
   mutable Mutex mutex_;
   std::map<std::string, std::string> resources_ TALMO_GUARDED_BY(mutex_){
       {"mediaremote-adapter.pl", adapterScript}};
+  std::map<std::string, std::string> info_ TALMO_GUARDED_BY(mutex_);
   std::optional<std::string> frameworks_ TALMO_GUARDED_BY(mutex_) = frameworks;
   std::set<std::string> files_ TALMO_GUARDED_BY(mutex_){adapterScript, frameworks,
                                                         adapterFramework};

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedAccessibility.h"
 #include "platform/simulated/SimulatedAppleEvents.h"
+#include "platform/simulated/SimulatedApplication.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedBundle.h"
@@ -18,6 +19,7 @@
 #include "platform/simulated/SimulatedLoginItem.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
 #include "platform/simulated/SimulatedNetwork.h"
+#include "platform/simulated/SimulatedSoftwareUpdate.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 #include "support/MainQueueNotifications.h"
@@ -52,6 +54,7 @@ class SimulatedPlatform : public Platform {
 
   SimulatedAccessibility& accessibility() override { return accessibility_; }
   SimulatedAppleEvents& appleEvents() override { return appleEvents_; }
+  SimulatedApplication& application() override { return application_; }
   SimulatedAudioObjects& audioObjects() override { return audioObjects_; }
   SimulatedBundle& bundle() override { return bundle_; }
   SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
@@ -64,6 +67,7 @@ class SimulatedPlatform : public Platform {
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
   SimulatedNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
+  SimulatedSoftwareUpdate& softwareUpdate() override { return softwareUpdate_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
 
@@ -78,6 +82,7 @@ class SimulatedPlatform : public Platform {
   SimulatedApplications applications_;
   SimulatedAccessibility accessibility_{applications_};
   SimulatedAppleEvents appleEvents_{*dispatch_, applications_};
+  SimulatedApplication application_;
   SimulatedAudioObjects audioObjects_;
   SimulatedBundle bundle_;
   SimulatedChildProcesses childProcesses_{*dispatch_};
@@ -86,6 +91,7 @@ class SimulatedPlatform : public Platform {
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedLoginItem loginItem_;
   SimulatedNetwork network_{*dispatch_};
+  SimulatedSoftwareUpdate softwareUpdate_;
   SimulatedWorkspace workspace_{applications_, *dispatch_};
   MainQueueNotifications notifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};

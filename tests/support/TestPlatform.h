@@ -16,6 +16,7 @@ class TestPlatform : public Platform {
   struct Services {
     Accessibility* accessibility = nullptr;
     AppleEvents* appleEvents = nullptr;
+    Application* application = nullptr;
     AudioObjects* audioObjects = nullptr;
     Bundle* bundle = nullptr;
     ChildProcesses* childProcesses = nullptr;
@@ -27,6 +28,7 @@ class TestPlatform : public Platform {
     MediaRemote* mediaRemote = nullptr;
     Network* network = nullptr;
     Notifications* notifications = nullptr;
+    SoftwareUpdate* softwareUpdate = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
   };
@@ -37,6 +39,7 @@ class TestPlatform : public Platform {
 
   Accessibility& accessibility() override { return lent(services_.accessibility, "accessibility"); }
   AppleEvents& appleEvents() override { return lent(services_.appleEvents, "Apple events"); }
+  Application& application() override { return lent(services_.application, "the application"); }
   AudioObjects& audioObjects() override { return lent(services_.audioObjects, "audio objects"); }
   Bundle& bundle() override { return lent(services_.bundle, "the bundle"); }
   ChildProcesses& childProcesses() override {
@@ -53,6 +56,9 @@ class TestPlatform : public Platform {
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
   Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
+  SoftwareUpdate& softwareUpdate() override {
+    return lent(services_.softwareUpdate, "software update");
+  }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
 
