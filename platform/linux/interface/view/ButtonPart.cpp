@@ -54,8 +54,6 @@ ButtonPart::ButtonPart(const View& view, const Look& look, QWidget* parent)
   setSizePolicy(view.role == ViewRole::row ? QSizePolicy::Preferred : QSizePolicy::Fixed,
                 QSizePolicy::Fixed);
   connect(this, &QAbstractButton::clicked, this, [this] { press(); });
-  connect(this, &QAbstractButton::pressed, this, [this] { dim(); });
-  connect(this, &QAbstractButton::released, this, [this] { dim(); });
 }
 
 void ButtonPart::setView(const View& view) {
@@ -145,10 +143,27 @@ void ButtonPart::leaveEvent(QEvent* event) {
   update();
 }
 
+void ButtonPart::mousePressEvent(QMouseEvent* event) {
+  QAbstractButton::mousePressEvent(event);
+  dim();
+}
+
+void ButtonPart::mouseMoveEvent(QMouseEvent* event) {
+  QAbstractButton::mouseMoveEvent(event);
+  dim();
+}
+
+void ButtonPart::mouseReleaseEvent(QMouseEvent* event) {
+  QAbstractButton::mouseReleaseEvent(event);
+  dim();
+}
+
 void ButtonPart::hideEvent(QHideEvent* event) {
   QAbstractButton::hideEvent(event);
   // Nothing leaves a window that is gone; it would still look hovered when it comes back.
   setAttribute(Qt::WA_UnderMouse, false);
+  setDown(false);
+  dim();
 }
 
 void ButtonPart::press() {
@@ -162,6 +177,7 @@ void ButtonPart::press() {
 }
 
 void ButtonPart::dim() {
+  if (isDown() == (graphicsEffect() != nullptr)) return;
   if (!isDown()) {
     setGraphicsEffect(nullptr);
     return;
