@@ -5,8 +5,12 @@
 #include <optional>
 #include <string>
 
+#include "app/HeroTarget.h"
 #include "keys/MediaKeyTap.h"
 #include "keys/MediaKeyTapDelegate.h"
+#include "panel/PanelController.h"
+#include "panel/StatusItemController.h"
+#include "permissions/AccessibilityPermission.h"
 #include "platform/Queue.h"
 #include "players/MediaKey.h"
 #include "players/MusicAppController.h"
@@ -27,8 +31,12 @@ class AppCoordinator : public MediaKeyTapDelegate,
  public:
   static std::shared_ptr<AppCoordinator> make();
 
-  /// Becomes the tap's delegate, starts the tap and sets the routing state. Once, main thread.
+  /// Becomes the tap's delegate, sets the routing state, and from then on has the tap run while the
+  /// program is trusted. Once, main thread.
   void start();
+
+  /// Opens the panel, unless it is open. Main thread.
+  void openPanel();
 
   /// Re-reads the selection and sets the routing state: auto, fixed or off. Main thread.
   void updateActiveController();
@@ -45,6 +53,8 @@ class AppCoordinator : public MediaKeyTapDelegate,
 
   MediaKeyTap& tap() { return *tap_; }
 
+  AccessibilityPermission& permission() { return *permission_; }
+
  private:
   /// What auto routing chose last, and when.
   struct AutoResolution {
@@ -54,7 +64,9 @@ class AppCoordinator : public MediaKeyTapDelegate,
 
   AppCoordinator();
 
-  bool startTap();
+  void startTap();
+  void connectInterface();
+  void refreshPanel();
   void route(bool isAutoRouting, const std::shared_ptr<MusicAppController>& fixed, MediaKey key);
 
   // Auto routing (AutoRouting.cpp). Command queue.
@@ -63,6 +75,10 @@ class AppCoordinator : public MediaKeyTapDelegate,
   void launchDefaultPlayer();
 
   const std::shared_ptr<MediaKeyTap> tap_;
+  const std::shared_ptr<AccessibilityPermission> permission_;
+  const std::shared_ptr<StatusItemController> statusItemController_;
+  const std::shared_ptr<PanelController> panelController_;
+  std::shared_ptr<HeroTarget> heroTarget_;
   const std::shared_ptr<Queue> commandQueue_;
   Mutex controllerLock_;
   std::shared_ptr<MusicAppController> _activeController TALMO_GUARDED_BY(controllerLock_);

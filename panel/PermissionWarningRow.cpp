@@ -3,12 +3,14 @@
 #include <utility>
 
 #include "panel/ViewParts.h"
+#include "permissions/AccessibilityPermission.h"
 
 namespace talmo {
 namespace {
 
 View openSettingsButton(ViewRole role) {
-  return textButtonView("open-settings", role, "Grant Accessibility Access\u2026", {});
+  return textButtonView("open-settings", role, "Grant Accessibility Access\u2026",
+                        &AccessibilityPermission::openSystemSettings);
 }
 
 }  // namespace
@@ -18,8 +20,9 @@ View permissionWarningRow(PermissionWarningKind kind) {
   if (kind == PermissionWarningKind::needsGrant) {
     buttons.push_back(openSettingsButton(ViewRole::prominentButton));
   } else {
-    buttons.push_back(
-        textButtonView("relaunch", ViewRole::prominentButton, "Already allowed? Reopen Talmo", {}));
+    buttons.push_back(textButtonView("relaunch", ViewRole::prominentButton,
+                                     "Already allowed? Reopen Talmo",
+                                     &AccessibilityPermission::relaunch));
     buttons.push_back(openSettingsButton(ViewRole::linkButton));
   }
   return horizontalView(

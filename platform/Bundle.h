@@ -10,6 +10,12 @@ class Bundle {
  public:
   virtual ~Bundle() = default;
 
+  /// Where the program itself is, as a URL that `Workspace::openNewInstance` takes.
+  virtual std::string url() const = 0;
+
+  /// The program's bundle identifier, on a system whose bundles have one.
+  virtual std::optional<std::string> identifier() const = 0;
+
   /// The absolute path of the resource of that name and extension (without the dot).
   virtual std::optional<std::string> resourcePath(const std::string& name,
                                                   const std::string& extension) const = 0;

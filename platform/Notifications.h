@@ -6,8 +6,8 @@
 
 namespace talmo {
 
-/// The notification centre of this process: who posts a notice knows nobody who hears it. Any
-/// thread.
+/// A notification centre: who posts a notice knows nobody who hears it. There is one of this
+/// process and the distributed one of the session, where the system posts, too. Any thread.
 class Notifications {
  public:
   /// Stands for one observer; never 0, never given twice.

@@ -40,6 +40,7 @@ class Platform {
   virtual Bundle& bundle() = 0;
   virtual ChildProcesses& childProcesses() = 0;
   virtual Dispatch& dispatch() = 0;
+  virtual Notifications& distributedNotifications() = 0;
   virtual EventMonitors& eventMonitors() = 0;
   virtual EventTap& eventTap() = 0;
   virtual ImageDecoder& imageDecoder() = 0;

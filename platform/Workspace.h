@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,6 +44,13 @@ class Workspace {
 
   /// Starts an application, or brings it forward when it runs. Returns without waiting for it.
   virtual void openApplication(const std::string& url) = 0;
+
+  /// Starts a further instance of an application, whether it runs or not. `completion` is called
+  /// once, on a thread of the system, with what went wrong in words, or nothing when it has
+  /// started.
+  virtual void openNewInstance(
+      const std::string& url,
+      std::function<void(const std::optional<std::string>& error)> completion) = 0;
 
   /// Opens a URL with the default handler of its scheme. Returns without waiting for it.
   virtual void openURL(const std::string& url) = 0;

@@ -3,13 +3,28 @@
 #include <system_error>
 #include <utility>
 
-namespace talmo {
+#include "platform/linux/applications/GlibHandles.h"
 
-LinuxBundle::LinuxBundle(std::filesystem::path folder) : folder_(std::move(folder)) {}
+namespace talmo {
+namespace {
+
+std::filesystem::path program() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+std::string fileURL(const std::filesystem::path& path) {
+  const GlibText url(g_filename_to_uri(path.c_str(), nullptr, nullptr));
+  return url ? url.get() : std::string();
+}
+
+}  // namespace
+
+LinuxBundle::LinuxBundle(std::filesystem::path folder)
+    : folder_(std::move(folder)), url_(fileURL(program())) {}
 
 std::filesystem::path LinuxBundle::folderOfTheProgram() {
-  std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+  return program().parent_path();
 }
 
 std::optional<std::string> LinuxBundle::resourcePath(const std::string& name,

@@ -14,6 +14,10 @@ class LinuxBundle : public Bundle {
   /// In the folder that the running program is in, or in another absolute one.
   explicit LinuxBundle(std::filesystem::path folder = folderOfTheProgram());
 
+  /// The file URL of the running program.
+  std::string url() const override { return url_; }
+  /// None: no folder has one.
+  std::optional<std::string> identifier() const override { return std::nullopt; }
   std::optional<std::string> resourcePath(const std::string& name,
                                           const std::string& extension) const override;
   std::optional<std::string> privateFrameworksPath() const override;
@@ -23,6 +27,8 @@ class LinuxBundle : public Bundle {
 
  private:
   const std::filesystem::path folder_;
+  // From the start, as the file may be replaced while it runs.
+  const std::string url_;
 };
 
 }  // namespace talmo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 #include "platform/linux/applications/LinuxAppleEvents.h"
 #include "platform/linux/applications/LinuxWorkspace.h"
@@ -10,6 +11,7 @@
 #include "platform/linux/input/LinuxAccessibility.h"
 #include "platform/linux/input/LinuxEventTap.h"
 #include "platform/linux/input/LinuxKeyEvents.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
@@ -21,8 +23,11 @@
 
 namespace talmo {
 
+struct LinuxInterface;
+
 /// The services of a Linux desktop. The thread that makes it is the main thread; it destroys it
-/// after every tap has been stopped, and while it is still the platform in use.
+/// after every tap has been stopped, and while it is still the platform in use. It has an interface
+/// when a `Toolkit` was made before, which lives longer.
 class LinuxPlatform : public Platform {
  public:
   /// The bundle's folder is the running program's, or another absolute one.
@@ -32,10 +37,13 @@ class LinuxPlatform : public Platform {
 
   LinuxAccessibility& accessibility() override { return accessibility_; }
   LinuxAppleEvents& appleEvents() override { return appleEvents_; }
+  LinuxOwnApplication& application() override { return application_; }
   LinuxAudioObjects& audioObjects() override { return audioObjects_; }
   LinuxBundle& bundle() override { return bundle_; }
   LinuxChildProcesses& childProcesses() override { return childProcesses_; }
   LinuxDispatch& dispatch() override { return dispatch_; }
+  MainQueueNotifications& distributedNotifications() override { return distributedNotifications_; }
+  EventMonitors& eventMonitors() override;
   LinuxEventTap& eventTap() override { return eventTap_; }
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
@@ -43,15 +51,21 @@ class LinuxPlatform : public Platform {
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
   LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
+  Panels& panels() override;
+  StatusBar& statusBar() override;
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
+  MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
 
  private:
   LinuxBundle bundle_;
   LinuxLog log_;
   LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
+  LinuxOwnApplication application_;
   LinuxUserDefaults userDefaults_;
+  // This program is the only one that posts to it.
+  MainQueueNotifications distributedNotifications_;
   LinuxEventTap eventTap_;
   LinuxImageDecoder imageDecoder_;
   LinuxKeyEvents keyEvents_;
@@ -60,7 +74,9 @@ class LinuxPlatform : public Platform {
   LinuxAudioObjects audioObjects_;
   LinuxWorkspace workspace_;
   MainQueueNotifications notifications_;
+  MainQueueNotifications workspaceNotifications_;
   LinuxMediaRemote mediaRemote_;
+  std::unique_ptr<LinuxInterface> interface_;
   // Goes first: its completions may ask for any other service.
   LinuxNetwork network_;
 };

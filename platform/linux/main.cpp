@@ -1,3 +1,4 @@
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -6,6 +7,10 @@
 #include <signal.h>
 
 #include "app/AppCoordinator.h"
+#include "platform/linux/applications/SuccessorMark.h"
+#include "platform/linux/interface/InstanceName.h"
+#include "platform/linux/interface/Toolkit.h"
+#include "platform/linux/interface/ToolkitExit.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/x11/XConnection.h"
@@ -32,11 +37,46 @@ void surviveBrokenPipes() {
   ::sigaction(SIGPIPE, &action, nullptr);
 }
 
-/// Serves the program until a signal or the loss of the display; returns the exit status.
-int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
+/// The exit status of a process that is not the only one of its session, which has the other one
+/// show itself; nothing for one that goes on.
+std::optional<int> leaveItToAnother(InstanceName& instance, bool isSuccessor) {
+  switch (instance.claim(isSuccessor)) {
+    case InstanceName::Claim::ours:
+      return std::nullopt;
+    case InstanceName::Claim::anothers:
+      return EXIT_SUCCESS;
+    case InstanceName::Claim::failed:
+      std::fputs("talmo: another Talmo is running, and neither answers nor ends\n", stderr);
+      return EXIT_FAILURE;
+  }
+  return std::nullopt;
+}
+
+/// Frees the keys and waits for what still runs, but not for long; returns when nothing does.
+void leave(LinuxPlatform& platform, AppCoordinator& coordinator, int status) {
+  coordinator.tap().stop();
+  if (!platform.dispatch().shutdown(grace)) {
+    log.notice("not waiting for the last command");
+    std::_Exit(status);
+  }
+}
+
+/// Serves the program until a signal, its own wish or the loss of the display; returns the exit
+/// status.
+int serve(LinuxPlatform& platform, AppCoordinator& coordinator, InstanceName& instance) {
   LinuxDispatch& dispatch = platform.dispatch();
   const TerminationSignals signals(dispatch);
-  platform.eventTap().onDisplayLost([&dispatch] { dispatch.stopMainLoop(); });
+  std::atomic<bool> isDisplayLost = false;
+  platform.eventTap().onDisplayLost([&] {
+    isDisplayLost = true;
+    dispatch.stopMainLoop();
+  });
+  // The toolkit may notice first.
+  const ToolkitExit toolkitExit([&] {
+    log.error("the X display has gone; leaving");
+    leave(platform, coordinator, EXIT_FAILURE);
+    std::_Exit(EXIT_FAILURE);
+  });
 
   coordinator.start();
   if (!coordinator.tap().isRunning() && !XConnection::open()) {
@@ -45,20 +85,19 @@ int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
                  display != nullptr ? display : "not set");
     return EXIT_FAILURE;
   }
+  instance.serve([&coordinator] { coordinator.openPanel(); });
   dispatch.runMainLoop();
 
-  const std::optional<int> signal = signals.received();
-  if (signal) {
+  int status = EXIT_SUCCESS;
+  if (const std::optional<int> signal = signals.received()) {
     log.info("leaving on signal %d", *signal);
-  } else {
+  } else if (isDisplayLost) {
     log.error("the X display has gone; leaving");
+    status = EXIT_FAILURE;
+  } else {
+    log.info("leaving");
   }
-  const int status = signal ? EXIT_SUCCESS : EXIT_FAILURE;
-  coordinator.tap().stop();
-  if (!dispatch.shutdown(grace)) {
-    log.notice("not waiting for the last command");
-    std::_Exit(status);
-  }
+  leave(platform, coordinator, status);
   return status;
 }
 
@@ -71,12 +110,16 @@ int main(int count, char** arguments) {
     return talmo::usageError;
   }
   talmo::surviveBrokenPipes();
+  const bool isSuccessor = talmo::takeSuccessorMark();
   int status = EXIT_SUCCESS;
   {
+    const auto toolkit = talmo::Toolkit::connect();
+    talmo::InstanceName instance;
+    if (const auto elsewhere = talmo::leaveItToAnother(instance, isSuccessor)) return *elsewhere;
     talmo::LinuxPlatform platform;
     talmo::setPlatform(&platform);
     const auto coordinator = talmo::AppCoordinator::make();
-    status = talmo::serve(platform, *coordinator);
+    status = talmo::serve(platform, *coordinator, instance);
   }
   talmo::setPlatform(nullptr);
   return status;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <map>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Application.h"
@@ -11,8 +14,8 @@
 
 namespace talmo {
 
-/// The program as an application of the simulated machine, where it goes on when it is to end. Main
-/// thread, except where it counts.
+/// The program as an application of the simulated machine, where it goes on when it is to end; its
+/// environment is empty at first. The main thread's but for terminations and the environment.
 class SimulatedApplication : public Application {
  public:
   explicit SimulatedApplication(Dispatch& dispatch) : dispatch_(dispatch) {}
@@ -28,6 +31,18 @@ class SimulatedApplication : public Application {
   void orderFrontStandardAboutPanel() override { ++aboutPanels_; }
   std::optional<InterfaceEvent> currentEvent() const override { return currentEvent_; }
   void performHapticFeedback(int pattern) override { hapticFeedback_.push_back(pattern); }
+
+  std::optional<std::string> environmentVariable(const std::string& name) const override {
+    const MutexLock lock(mutex_);
+    const auto found = environment_.find(name);
+    if (found == environment_.end()) return std::nullopt;
+    return found->second;
+  }
+
+  void setEnvironmentVariable(const std::string& name, std::string value) {
+    const MutexLock lock(mutex_);
+    environment_[name] = std::move(value);
+  }
 
   /// Says which event is being handled.
   void setCurrentEvent(const std::optional<InterfaceEvent>& event) { currentEvent_ = event; }
@@ -54,6 +69,7 @@ class SimulatedApplication : public Application {
  private:
   Dispatch& dispatch_;
   mutable Mutex mutex_;
+  std::map<std::string, std::string> environment_ TALMO_GUARDED_BY(mutex_);
   int terminations_ TALMO_GUARDED_BY(mutex_) = 0;
   int terminationsOffTheMainThread_ TALMO_GUARDED_BY(mutex_) = 0;
   int activations_ = 0;

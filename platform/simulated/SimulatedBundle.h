@@ -17,12 +17,18 @@ namespace talmo {
 /// names and which files there are is set independently. Any thread.
 class SimulatedBundle : public Bundle {
  public:
+  static constexpr auto bundleURL = "file:///Applications/Talmo.app/";
   static constexpr auto adapterScript =
       "/Applications/Talmo.app/Contents/Resources/mediaremote-adapter.pl";
   static constexpr auto frameworks = "/Applications/Talmo.app/Contents/Frameworks";
   static constexpr auto adapterFramework =
       "/Applications/Talmo.app/Contents/Frameworks/MediaRemoteAdapter.framework";
 
+  std::string url() const override { return bundleURL; }
+  std::optional<std::string> identifier() const override {
+    const MutexLock lock(mutex_);
+    return identifier_;
+  }
   std::optional<std::string> resourcePath(const std::string& name,
                                           const std::string& extension) const override {
     const MutexLock lock(mutex_);
@@ -39,6 +45,11 @@ class SimulatedBundle : public Bundle {
     return files_.contains(path);
   }
 
+  /// "nl.brelm.Talmo" at first.
+  void setIdentifier(std::optional<std::string> identifier) {
+    const MutexLock lock(mutex_);
+    identifier_ = std::move(identifier);
+  }
   /// Names the path of the resource `file` ("name.extension"), or takes it away.
   void setResource(const std::string& file, std::optional<std::string> path) {
     const MutexLock lock(mutex_);
@@ -63,6 +74,7 @@ class SimulatedBundle : public Bundle {
 
  private:
   mutable Mutex mutex_;
+  std::optional<std::string> identifier_ TALMO_GUARDED_BY(mutex_) = "nl.brelm.Talmo";
   std::map<std::string, std::string> resources_ TALMO_GUARDED_BY(mutex_){
       {"mediaremote-adapter.pl", adapterScript}};
   std::optional<std::string> frameworks_ TALMO_GUARDED_BY(mutex_) = frameworks;

@@ -60,6 +60,7 @@ class SimulatedPlatform : public Platform {
   SimulatedBundle& bundle() override { return bundle_; }
   SimulatedChildProcesses& childProcesses() override { return childProcesses_; }
   Dispatch& dispatch() override { return *dispatch_; }
+  MainQueueNotifications& distributedNotifications() override { return distributedNotifications_; }
   SimulatedEventMonitors& eventMonitors() override { return eventMonitors_; }
   SimulatedEventTap& eventTap() override { return eventTap_; }
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
@@ -94,10 +95,11 @@ class SimulatedPlatform : public Platform {
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
   SimulatedNetwork network_{*dispatch_};
-  SimulatedWorkspace workspace_{*dispatch_, applications_};
   SimulatedPanels panels_{application_, eventMonitors_};
   SimulatedStatusBar statusBar_{application_, eventMonitors_};
+  SimulatedWorkspace workspace_{*dispatch_, applications_};
   MainQueueNotifications notifications_{*dispatch_};
+  MainQueueNotifications distributedNotifications_{*dispatch_};
   MainQueueNotifications workspaceNotifications_{*dispatch_};
   SimulatedMediaRemote mediaRemote_{notifications_};
 };

@@ -56,6 +56,21 @@ void SimulatedWorkspace::openApplication(const std::string& url) {
   }
 }
 
+void SimulatedWorkspace::openNewInstance(
+    const std::string& url,
+    std::function<void(const std::optional<std::string>& error)> completion) {
+  std::optional<std::string> error;
+  {
+    const MutexLock lock(mutex_);
+    newInstances_.push_back(url);
+    error = newInstanceError_;
+  }
+  const std::string bundleID = bundleIDOf(url);
+  if (!error && applications_.installed(bundleID)) applications_.launch(bundleID);
+  dispatch_.globalQueue(QualityOfService::unspecified)
+      .async([completion = std::move(completion), error = std::move(error)] { completion(error); });
+}
+
 void SimulatedWorkspace::openURL(const std::string& url) {
   const MutexLock lock(mutex_);
   openedURLs_.push_back(url);
@@ -121,6 +136,16 @@ std::vector<std::string> SimulatedWorkspace::openedApplications() const {
 std::vector<std::string> SimulatedWorkspace::iconsAskedFor() const {
   const MutexLock lock(mutex_);
   return iconsAskedFor_;
+}
+
+std::vector<std::string> SimulatedWorkspace::newInstances() const {
+  const MutexLock lock(mutex_);
+  return newInstances_;
+}
+
+void SimulatedWorkspace::setNewInstanceError(std::optional<std::string> error) {
+  const MutexLock lock(mutex_);
+  newInstanceError_ = std::move(error);
 }
 
 std::vector<std::string> SimulatedWorkspace::openedURLs() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +25,9 @@ class SimulatedWorkspace : public Workspace {
   std::optional<RunningApplication> runningApplication(ProcessIdentifier process) const override;
   std::optional<std::string> frontmostApplication() const override;
   void openApplication(const std::string& url) override;
+  void openNewInstance(
+      const std::string& url,
+      std::function<void(const std::optional<std::string>& error)> completion) override;
   void openURL(const std::string& url) override;
   std::optional<Date> lastUsedDate(const std::string& url) const override;
   std::optional<Image> icon(const std::string& url, int pixels) const override;
@@ -37,8 +41,12 @@ class SimulatedWorkspace : public Workspace {
   /// For every such query so far, in order, whether it was on the main thread.
   std::vector<bool> lastUseQueries() const;
 
+  /// Why no new instance can be opened from now on; nothing, as at first, when they can.
+  void setNewInstanceError(std::optional<std::string> error);
+
   /// The URLs of all applications that were to be opened, in order.
   std::vector<std::string> openedApplications() const;
+  std::vector<std::string> newInstances() const;
   std::vector<std::string> openedURLs() const;
   /// The URLs of all applications whose icon was asked for, in order.
   std::vector<std::string> iconsAskedFor() const;
@@ -52,6 +60,8 @@ class SimulatedWorkspace : public Workspace {
   mutable std::vector<bool> lastUseQueries_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedApplications_ TALMO_GUARDED_BY(mutex_);
   mutable std::vector<std::string> iconsAskedFor_ TALMO_GUARDED_BY(mutex_);
+  std::vector<std::string> newInstances_ TALMO_GUARDED_BY(mutex_);
+  std::optional<std::string> newInstanceError_ TALMO_GUARDED_BY(mutex_);
   std::vector<std::string> openedURLs_ TALMO_GUARDED_BY(mutex_);
 };
 

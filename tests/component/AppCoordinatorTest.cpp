@@ -37,11 +37,11 @@ TEST_P(AppCoordinatorTest, EveryKeyReachesTheFixedPlayerAsItsCommand) {
   EXPECT_THAT(machine().applications().commands(spotify),
               ElementsAre("playpause", "nextTrack", "previousTrack", "nextTrack", "previousTrack"));
   EXPECT_THAT(machine().eventTap().passed(), IsEmpty());
-  EXPECT_THAT(
-      machine().log().messages("coordinator"),
-      ElementsAre("Event tap running", "Routing media keys to Spotify", "media key: playPause down",
-                  "media key: next down", "media key: previous down", "media key: fast down",
-                  "media key: rewind down"));
+  EXPECT_THAT(machine().log().messages("coordinator"),
+              ElementsAre("Accessibility permission at launch: true", "Event tap running",
+                          "Routing media keys to Spotify", "media key: playPause down",
+                          "media key: next down", "media key: previous down",
+                          "media key: fast down", "media key: rewind down"));
 }
 
 TEST_P(AppCoordinatorTest, AKeyStrokePlayerGetsItsStrokes) {
@@ -107,7 +107,8 @@ TEST_P(AppCoordinatorTest, AnUnknownSelectionLetsTheKeysPass) {
   EXPECT_EQ(machine().eventTap().passed().size(), 2U);
   EXPECT_THAT(machine().eventTap().consumed(), IsEmpty());
   EXPECT_THAT(machine().log().messages("coordinator"),
-              ElementsAre("Event tap running", "No target selected; media keys pass through"));
+              ElementsAre("Accessibility permission at launch: true", "Event tap running",
+                          "No target selected; media keys pass through"));
 }
 
 TEST_P(AppCoordinatorTest, ReleasesAndRepeatsAreConsumedButCauseNoCommand) {
@@ -216,6 +217,73 @@ TEST_P(AppCoordinatorTest, AFailedTapIsLoggedAndTheRoutingStateIsSetAllTheSame) 
   EXPECT_EQ(coordinator->currentTargetID(), "spotify");
   EXPECT_THAT(machine().log().messages(LogLevel::error),
               ElementsAre("Event tap creation failed; treating as missing permission"));
+}
+
+TEST_P(AppCoordinatorTest, WithoutTrustNoTapIsAskedForAndTheRoutingStateIsSet) {
+  machine().accessibility().setTrusted(false);
+  const auto coordinator = started("spotify");
+
+  EXPECT_FALSE(coordinator->tap().isRunning());
+  EXPECT_THAT(machine().eventTap().requests(), IsEmpty());
+  EXPECT_EQ(coordinator->currentTargetID(), "spotify");
+  EXPECT_THAT(
+      machine().log().messages("coordinator"),
+      ElementsAre("Accessibility permission at launch: false", "Routing media keys to Spotify"));
+  EXPECT_EQ(machine().accessibility().prompts(), 1);
+}
+
+TEST_P(AppCoordinatorTest, TheTapFollowsTheTrust) {
+  machine().accessibility().setTrusted(false);
+  machine().applications().install({spotify, "Spotify"});
+  machine().applications().launch(spotify);
+  const auto coordinator = started("spotify");
+  press(next);
+  EXPECT_EQ(machine().eventTap().passed().size(), 1U);
+
+  for (std::size_t round = 1; round <= 3; ++round) {
+    setTrusted(true);
+    ASSERT_TRUE(runUntil([&] { return coordinator->tap().isRunning(); }));
+    press(next);
+    ASSERT_TRUE(runUntil([&] { return commands(spotify) == round; }));
+
+    setTrusted(false);
+    ASSERT_TRUE(runUntil([&] { return !coordinator->tap().isRunning(); }));
+    ASSERT_TRUE(runUntil([&] { return machine().eventTap().enabledTaps() == 0; }));
+    press(next);
+    EXPECT_EQ(machine().eventTap().passed().size(), 1 + round);
+    EXPECT_EQ(commands(spotify), round);
+  }
+  EXPECT_THAT(changes(), ElementsAre("true", "false", "true", "false", "true", "false"));
+}
+
+TEST_P(AppCoordinatorTest, ATapThatFailsIsTriedAgainWhenTrustComesBack) {
+  machine().eventTap().setTrusted(false);
+  const auto coordinator = started("spotify");
+  ASSERT_FALSE(coordinator->tap().isRunning());
+  machine().eventTap().setTrusted(true);
+  setTrusted(false);
+  ASSERT_TRUE(runUntil([&] { return !coordinator->permission().isTrusted(); }));
+  EXPECT_EQ(machine().eventTap().requests().size(), 1U);
+
+  setTrusted(true);
+  EXPECT_TRUE(runUntil([&] { return coordinator->tap().isRunning(); }));
+  EXPECT_EQ(machine().eventTap().requests().size(), 2U);
+}
+
+TEST_P(AppCoordinatorTest, ATrustThatChangesForACoordinatorThatIsGoneStartsNothing) {
+  machine().accessibility().setTrusted(false);
+  auto coordinator = started("spotify");
+  const std::weak_ptr<AppCoordinator> weak = coordinator;
+  setTrusted(true);
+  // The notice has come, and what follows from it has not.
+  ASSERT_TRUE(world().runMainQueue());
+  coordinator.reset();
+  ASSERT_TRUE(weak.expired());
+
+  bool isLater = false;
+  machine().dispatch().mainQueue().asyncAfter(500ms, [&] { isLater = true; });
+  ASSERT_TRUE(runUntil([&] { return isLater; }));
+  EXPECT_THAT(machine().eventTap().requests(), IsEmpty());
 }
 
 TEST_P(AppCoordinatorTest, ACoordinatorThatGoesWhileKeysAreDecidedLeavesNothingBehind) {

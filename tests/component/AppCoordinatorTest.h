@@ -1,7 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/AppCoordinator.h"
 #include "tests/component/ComponentTest.h"
@@ -26,6 +29,22 @@ class AppCoordinatorTest : public ComponentTest {
     const std::size_t before = decided();
     machine().eventTap().postMediaKey(code, isKeyDown, isRepeat);
     EXPECT_TRUE(runUntil([&] { return decided() > before; }));
+  }
+
+  /// Grants trust or takes it back, and has the system tell.
+  void setTrusted(bool trusted) {
+    machine().accessibility().setTrusted(trusted);
+    machine().distributedNotifications().post("com.apple.accessibility.api");
+  }
+
+  /// To what trust has changed, in order, as the log has it.
+  std::vector<std::string> changes() {
+    static constexpr std::string_view text = "Accessibility permission changed: ";
+    std::vector<std::string> found;
+    for (const std::string& line : machine().log().messages("coordinator")) {
+      if (line.starts_with(text)) found.push_back(line.substr(text.size()));
+    }
+    return found;
   }
 
   std::size_t decided() {

@@ -8,6 +8,28 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
+TEST_P(AccessibilityContract, TrustIsThatOfTheMoment) {
+  EXPECT_TRUE(world().accessibility().isProcessTrusted());
+  for (int round = 0; round < 2; ++round) {
+    world().setTrusted(false);
+    EXPECT_FALSE(world().accessibility().isProcessTrusted());
+    EXPECT_FALSE(world().accessibility().isProcessTrusted());
+    world().setTrusted(true);
+    EXPECT_TRUE(world().accessibility().isProcessTrusted());
+    EXPECT_TRUE(world().accessibility().isProcessTrusted());
+  }
+}
+
+TEST_P(AccessibilityContract, ThePromptIsNotWaitedForAndChangesNoAnswer) {
+  for (const bool prompt : {false, true}) {
+    EXPECT_TRUE(world().accessibility().isProcessTrustedWithPrompt(prompt));
+    world().setTrusted(false);
+    EXPECT_FALSE(world().accessibility().isProcessTrustedWithPrompt(prompt));
+    EXPECT_FALSE(world().accessibility().isProcessTrusted());
+    world().setTrusted(true);
+  }
+}
+
 TEST_P(AccessibilityContract, AllWindowsOfTheApplicationTellTheirTitles) {
   const ProcessIdentifier process = world().startApplication();
   world().openWindow(process, "Song - Artist");

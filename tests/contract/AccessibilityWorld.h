@@ -6,12 +6,16 @@
 
 namespace talmo::test {
 
-/// The surroundings of an `Accessibility` under test, which is trusted: applications and their
-/// windows. What a function changes is changed when it returns.
+/// The surroundings of an `Accessibility` under test: what stands between the program and trust, at
+/// first nothing, applications and their windows. What a function changes is changed when it
+/// returns.
 struct AccessibilityWorld {
   virtual ~AccessibilityWorld() = default;
 
   virtual Accessibility& accessibility() = 0;
+
+  /// Gives the program trust or takes it away.
+  virtual void setTrusted(bool trusted) = 0;
 
   /// Starts an application without windows.
   virtual ProcessIdentifier startApplication() = 0;

@@ -2,18 +2,16 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <signal.h>
-#include <stdlib.h>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
-#include "platform/linux/x11/XConnection.h"
 #include "tests/desktop/DesktopTest.h"
 #include "tests/support/FakePlayerProcess.h"
+#include "tests/support/RivalClient.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -26,28 +24,19 @@ using ::testing::HasSubstr;
 /// How Talmo starts, fails and ends.
 class Life : public DesktopTest {
  protected:
-  Life() : somebody_(XConnection::open(desktop_.displayName())) {}
-
   /// Another program takes a key, whatever its modifiers. Whether it could.
   bool grab(const std::string& keysym) {
-    xcb_generic_error_t* const error = xcb_request_check(
-        somebody_->get(),
-        xcb_grab_key_checked(somebody_->get(), 0, somebody_->root(), XCB_MOD_MASK_ANY,
-                             keys_.keycode(keysym), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
-    ::free(error);
-    return error == nullptr;
+    return somebody_.grab(keys_.keycode(keysym), XCB_MOD_MASK_ANY);
   }
 
   /// Waits until the X server has noticed that nobody holds the key any more.
   bool waitUntilFree(const std::string& keysym) {
     if (!waitUntil([&] { return grab(keysym); })) return false;
-    xcb_ungrab_key(somebody_->get(), keys_.keycode(keysym), somebody_->root(), XCB_MOD_MASK_ANY);
-    ::free(xcb_get_input_focus_reply(somebody_->get(), xcb_get_input_focus(somebody_->get()),
-                                     nullptr));
+    somebody_.ungrab(keys_.keycode(keysym));
     return true;
   }
 
-  const std::unique_ptr<XConnection> somebody_;
+  RivalClient somebody_{desktop_.displayName()};
 };
 
 TEST_F(Life, EndsInOrderAtATerminationSignalAndFreesTheKeys) {

@@ -21,6 +21,7 @@ class TestPlatform : public Platform {
     Bundle* bundle = nullptr;
     ChildProcesses* childProcesses = nullptr;
     Dispatch* dispatch = nullptr;
+    Notifications* distributedNotifications = nullptr;
     EventMonitors* eventMonitors = nullptr;
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
@@ -48,6 +49,9 @@ class TestPlatform : public Platform {
     return lent(services_.childProcesses, "child processes");
   }
   Dispatch& dispatch() override { return lent(services_.dispatch, "dispatch"); }
+  Notifications& distributedNotifications() override {
+    return lent(services_.distributedNotifications, "distributed notifications");
+  }
   EventMonitors& eventMonitors() override {
     return lent(services_.eventMonitors, "event monitors");
   }

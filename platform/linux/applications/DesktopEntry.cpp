@@ -84,6 +84,11 @@ std::string DesktopEntry::name() const {
   return orEmpty(g_app_info_get_name(G_APP_INFO(info_.get())));
 }
 
+std::string DesktopEntry::iconName() const {
+  const GlibText name(g_desktop_app_info_get_string(info_.get(), G_KEY_FILE_DESKTOP_KEY_ICON));
+  return orEmpty(name.get());
+}
+
 std::optional<std::string> DesktopEntry::busName() const {
   if (g_desktop_app_info_get_boolean(info_.get(), "DBusActivatable") == FALSE) return std::nullopt;
   // The name of its file, whatever folder below the data folders that is in.

@@ -37,6 +37,9 @@ class DesktopEntry {
   /// The application's name in the person's language.
   std::string name() const;
 
+  /// The name of its icon in the icon theme, or the path of a picture; empty when it has none.
+  std::string iconName() const;
+
   /// The file name of the program that it starts.
   std::string executable() const;
 

@@ -3,14 +3,17 @@
 #include <algorithm>
 #include <chrono>
 #include <string_view>
+#include <utility>
 
 #include "platform/linux/applications/DesktopEntry.h"
 #include "platform/linux/applications/DesktopLauncher.h"
+#include "platform/linux/applications/GlibHandles.h"
 #include "platform/linux/applications/LinuxApplications.h"
 #include "platform/linux/applications/LinuxWindows.h"
 #include "platform/linux/applications/MprisNames.h"
 #include "platform/linux/applications/ProcessTable.h"
 #include "platform/linux/applications/RecentlyUsed.h"
+#include "platform/linux/images/ThemedIcon.h"
 #include "support/Logger.h"
 
 namespace talmo {
@@ -96,6 +99,15 @@ std::optional<DesktopEntry> entryOf(const LinuxWindow& window) {
   return std::nullopt;
 }
 
+std::optional<std::string> startAnother(const std::string& url) {
+  if (const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url)) {
+    return launchDesktopEntry(*entry, {});
+  }
+  const GlibText path(g_filename_from_uri(url.c_str(), nullptr, nullptr));
+  if (!path) return "it is no file URL";
+  return launchSuccessor(path.get());
+}
+
 }  // namespace
 
 std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
@@ -152,6 +164,19 @@ void LinuxWorkspace::openApplication(const std::string& url) {
   });
 }
 
+void LinuxWorkspace::openNewInstance(
+    const std::string& url,
+    std::function<void(const std::optional<std::string>& error)> completion) {
+  dispatch_.globalQueue(QualityOfService::userInitiated)
+      .async([url, completion = std::move(completion)] {
+        const std::optional<std::string> error = startAnother(url);
+        if (error) {
+          log.notice("opening a new instance of %{public}s failed: %{public}s", url, *error);
+        }
+        completion(error);
+      });
+}
+
 void LinuxWorkspace::openURL(const std::string& url) {
   dispatch_.globalQueue(QualityOfService::userInitiated).async([url] {
     const std::optional<DesktopEntry> entry = DesktopEntry::defaultForURL(url);
@@ -167,6 +192,12 @@ std::optional<Date> LinuxWorkspace::lastUsedDate(const std::string& url) const {
   const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
   if (!entry) return std::nullopt;
   return lastUse(*entry);
+}
+
+std::optional<Image> LinuxWorkspace::icon(const std::string& url, int pixels) const {
+  const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
+  if (!entry) return std::nullopt;
+  return themedIcon(entry->iconName(), pixels);
 }
 
 std::vector<LocalPlayer> LinuxWorkspace::localPlayers() const {

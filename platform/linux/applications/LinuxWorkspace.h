@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,10 +32,17 @@ class LinuxWorkspace : public Workspace {
   std::optional<std::string> frontmostApplication() const override;
 
   void openApplication(const std::string& url) override;
+  /// Of a desktop entry, or of the program at a file URL.
+  void openNewInstance(
+      const std::string& url,
+      std::function<void(const std::optional<std::string>& error)> completion) override;
   void openURL(const std::string& url) override;
 
   /// From the desktop's list of recently used files.
   std::optional<Date> lastUsedDate(const std::string& url) const override;
+
+  /// From the desktop's icon theme. Nothing without the toolkit.
+  std::optional<Image> icon(const std::string& url, int pixels) const override;
 
   std::vector<LocalPlayer> localPlayers() const override;
 

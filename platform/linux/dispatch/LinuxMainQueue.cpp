@@ -5,6 +5,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <poll.h>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSocketNotifier>
 #include <sys/eventfd.h>
 #include <unistd.h>
 #include <utility>
@@ -43,9 +46,29 @@ void LinuxMainQueue::asyncAfter(Duration delay, std::function<void()> work) {
 }
 
 void LinuxMainQueue::serve() {
-  while (!stopped_.exchange(false)) {
-    if (!runOne()) wait(std::nullopt);
+  if (QCoreApplication::instance() != nullptr) {
+    serveWithToolkit();
+    return;
   }
+  while (!takeStop()) {
+    if (!runOne() && awaitWakeUp(std::nullopt)) forgetWakeUps();
+  }
+}
+
+void LinuxMainQueue::serveWithToolkit() {
+  QSocketNotifier notifier(wakeUp_.get(), QSocketNotifier::Read);
+  QObject::connect(&notifier, &QSocketNotifier::activated, [this] {
+    forgetWakeUps();
+    if (takeStop()) {
+      // Ends the loops inside it as well.
+      QCoreApplication::exit();
+    } else {
+      runOneForToolkit();
+    }
+  });
+  // For what came before.
+  wakeUp();
+  QCoreApplication::exec();
 }
 
 void LinuxMainQueue::stop() {
@@ -54,10 +77,27 @@ void LinuxMainQueue::stop() {
 }
 
 bool LinuxMainQueue::serveUntil(const std::function<bool()>& condition, Uptime deadline) {
+  const bool hasToolkit = QCoreApplication::instance() != nullptr;
+  std::optional<QSocketNotifier> notifier;
+  if (hasToolkit) {
+    notifier.emplace(wakeUp_.get(), QSocketNotifier::Read);
+    QObject::connect(&*notifier, &QSocketNotifier::activated, [this] {
+      forgetWakeUps();
+      runOneForToolkit();
+    });
+    wakeUp();
+  }
   while (!condition()) {
     const Duration left = deadline - std::chrono::steady_clock::now();
     if (left <= Duration::zero()) return false;
-    if (!runOne()) wait(std::min<Duration>(left, 1ms));
+    const Duration limit = std::min<Duration>(left, 1ms);
+    if (hasToolkit) {
+      QCoreApplication::processEvents();
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      if (!condition()) awaitWakeUp(limit);
+    } else if (!runOne() && awaitWakeUp(limit)) {
+      forgetWakeUps();
+    }
   }
   return true;
 }
@@ -81,20 +121,34 @@ bool LinuxMainQueue::runOne() {
   return true;
 }
 
-void LinuxMainQueue::wait(std::optional<Duration> limit) {
+void LinuxMainQueue::runOneForToolkit() {
+  bool isMore = false;
+  {
+    const MutexLock lock(mutex_);
+    isMore = items_.size() > 1;
+  }
+  // Before the item, which may run a loop of its own.
+  if (isMore) wakeUp();
+  runOne();
+}
+
+bool LinuxMainQueue::awaitWakeUp(std::optional<Duration> limit) const {
   timespec time{};
   if (limit) {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(*limit);
     time = {.tv_sec = seconds.count(), .tv_nsec = (*limit - seconds).count()};
   }
   pollfd poll{.fd = wakeUp_.get(), .events = POLLIN, .revents = 0};
-  if (::ppoll(&poll, 1, limit ? &time : nullptr, nullptr) != 1) return;
+  return ::ppoll(&poll, 1, limit ? &time : nullptr, nullptr) == 1;
+}
+
+void LinuxMainQueue::forgetWakeUps() const {
   // Whoever makes the queue non-empty after this writes again.
   std::uint64_t count = 0;
   [[maybe_unused]] const ssize_t ignored = ::read(wakeUp_.get(), &count, sizeof count);
 }
 
-void LinuxMainQueue::wakeUp() {
+void LinuxMainQueue::wakeUp() const {
   const std::uint64_t one = 1;
   // It fails only when the count is at its limit, and then the loop is awake anyway.
   [[maybe_unused]] const ssize_t ignored = ::write(wakeUp_.get(), &one, sizeof one);

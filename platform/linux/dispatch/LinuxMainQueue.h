@@ -17,6 +17,9 @@ namespace talmo {
 
 /// The main queue and the loop that serves it. Submitting, `stop` and `close` belong to any thread,
 /// serving to the main thread.
+///
+/// Where there is a QCoreApplication, its event loop serves the queue, one item at a time between
+/// the toolkit's own events; so do the loops inside it, such as a menu's.
 class LinuxMainQueue : public Queue {
  public:
   /// `delayed` lives until the timer thread has ended.
@@ -33,8 +36,8 @@ class LinuxMainQueue : public Queue {
   /// called in a signal handler.
   void stop();
 
-  /// Runs items until `condition` holds, which is looked at after every item and every millisecond,
-  /// or until the deadline; returns whether it held.
+  /// Runs items until `condition` holds, which is looked at after every item (or batch of the
+  /// toolkit's events) and every millisecond, or until the deadline; returns whether it held.
   bool serveUntil(const std::function<bool()>& condition, Uptime deadline);
 
   /// Releases the items and takes no more.
@@ -42,8 +45,15 @@ class LinuxMainQueue : public Queue {
 
  private:
   bool runOne();
-  void wait(std::optional<Duration> limit);
-  void wakeUp();
+  void serveWithToolkit();
+  /// Whether `stop` had been called and has not been heeded.
+  bool takeStop() { return stopped_.exchange(false); }
+  /// Runs the first item, having seen to it that the toolkit comes back for the next.
+  void runOneForToolkit();
+  /// Whether there has been a wake-up within the limit.
+  bool awaitWakeUp(std::optional<Duration> limit) const;
+  void forgetWakeUps() const;
+  void wakeUp() const;
 
   const std::string label_ = "main";
   LinuxDelayedWork& delayed_;

@@ -1,9 +1,6 @@
 #include "platform/linux/images/LinuxImageDecoder.h"
 
 #include <array>
-#include <cstdint>
-#include <cstring>
-#include <memory>
 #include <QBuffer>
 #include <QByteArray>
 #include <QImage>
@@ -11,9 +8,9 @@
 #include <QLoggingCategory>
 #include <QSize>
 #include <utility>
-#include <vector>
 
 #include "platform/linux/images/JpegEnd.h"
+#include "platform/linux/images/ToolkitImage.h"
 
 namespace talmo {
 namespace {
@@ -85,16 +82,7 @@ std::optional<Image> LinuxImageDecoder::decode(std::string_view bytes) {
   if (!isSensible(reader.size())) return std::nullopt;
   QImage picture = reader.read();
   if (picture.isNull() || !isSensible(picture.size())) return std::nullopt;
-  picture = std::move(picture).convertToFormat(QImage::Format_RGBA8888);
-  if (picture.isNull()) return std::nullopt;
-
-  const std::size_t row = static_cast<std::size_t>(picture.width()) * 4;
-  auto pixels =
-      std::make_shared<std::vector<std::uint8_t>>(row * static_cast<std::size_t>(picture.height()));
-  for (int y = 0; y < picture.height(); ++y) {
-    std::memcpy(pixels->data() + row * static_cast<std::size_t>(y), picture.constScanLine(y), row);
-  }
-  return Image{.width = picture.width(), .height = picture.height(), .pixels = std::move(pixels)};
+  return fromToolkit(std::move(picture));
 }
 
 }  // namespace talmo

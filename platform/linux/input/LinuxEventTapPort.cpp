@@ -63,7 +63,7 @@ LinuxEventTapPort::Grip::Grip(std::unique_ptr<XConnection> first,
       keyboard(*grabber, *other) {}
 
 std::shared_ptr<LinuxEventTapPort> LinuxEventTapPort::open(const EventTapParameters& parameters,
-                                                           std::function<void()> onDisplayLost) {
+                                                           Handlers handlers) {
   std::unique_ptr<XConnection> grabber = XConnection::open();
   std::unique_ptr<XConnection> other = XConnection::open();
   if (!grabber || !other) {
@@ -74,13 +74,13 @@ std::shared_ptr<LinuxEventTapPort> LinuxEventTapPort::open(const EventTapParamet
     log.error("the X server tells no repeated key press from a new one");
     return nullptr;
   }
-  std::shared_ptr<LinuxEventTapPort> port(
-      new LinuxEventTapPort(parameters, std::move(onDisplayLost)));
+  std::shared_ptr<LinuxEventTapPort> port(new LinuxEventTapPort(parameters, std::move(handlers)));
   port->grip_ = std::make_unique<Grip>(std::move(grabber), std::move(other));
   port->descriptors_ = {xcb_get_file_descriptor(port->grip_->grabber->get()),
                         xcb_get_file_descriptor(port->grip_->other->get())};
   XKeymap::watch(*port->grip_->grabber);
   if (!port->grip_->grabs.update()) return nullptr;
+  port->setHold(KeyHold::had);
   return port;
 }
 
@@ -89,12 +89,14 @@ LinuxEventTapPort::~LinuxEventTapPort() {
 }
 
 void LinuxEventTapPort::invalidate() {
-  if (!grip_) return;
-  xcb_ungrab_key(grip_->grabber->get(), XCB_GRAB_ANY, grip_->grabber->root(), XCB_MOD_MASK_ANY);
-  grip_->keyboard.letGo();
-  grip_.reset();
-  regrabAt_.reset();
-  forgetAllKeys();
+  if (grip_) {
+    xcb_ungrab_key(grip_->grabber->get(), XCB_GRAB_ANY, grip_->grabber->root(), XCB_MOD_MASK_ANY);
+    grip_->keyboard.letGo();
+    grip_.reset();
+    regrabAt_.reset();
+    forgetAllKeys();
+  }
+  setHold(KeyHold::none);
 }
 
 std::span<const int> LinuxEventTapPort::descriptors() const {
@@ -108,9 +110,10 @@ void LinuxEventTapPort::serve() {
     if (serve(*grip_->grabber) || (grip_ && serve(*grip_->other))) continue;
     if (!grip_ || !regrabAt_ || std::chrono::steady_clock::now() < *regrabAt_) break;
     regrabAt_.reset();
-    grip_->grabs.update();
+    const bool areHad = grip_->grabs.update();
+    if (!grip_->grabber->isDead()) setHold(areHad ? KeyHold::had : KeyHold::lost);
   }
-  if (grip_ && (grip_->grabber->isDead() || grip_->other->isDead())) loseDisplay();
+  if (grip_ && (grip_->grabber->isDead() || grip_->other->isDead())) loseConnection();
 }
 
 /// Works off one event; returns whether there was one.
@@ -176,12 +179,25 @@ void LinuxEventTapPort::forgetAllKeys() {
   downCount_ = 0;
 }
 
-void LinuxEventTapPort::loseDisplay() {
-  log.error("the X server has gone; media keys are no longer captured");
+void LinuxEventTapPort::setHold(KeyHold hold) {
+  if (hold == hold_) return;
+  hold_ = hold;
+  handlers_.holdChanged(hold);
+}
+
+/// The server closes a connection when it goes itself, and when somebody has it do so.
+void LinuxEventTapPort::loseConnection() {
   grip_.reset();
   regrabAt_.reset();
   forgetAllKeys();
-  if (onDisplayLost_) onDisplayLost_();
+  const bool hasDisplay = XConnection::open() != nullptr;
+  if (hasDisplay) {
+    log.error("the X server has closed the connection; media keys are no longer captured");
+  } else {
+    log.error("the X server has gone; media keys are no longer captured");
+  }
+  setHold(KeyHold::lost);
+  if (!hasDisplay && handlers_.displayLost) handlers_.displayLost();
 }
 
 }  // namespace talmo

@@ -11,6 +11,7 @@
 #include "platform/EventTapParameters.h"
 #include "platform/EventTapPort.h"
 #include "platform/linux/input/KeyboardRelay.h"
+#include "platform/linux/input/KeyHold.h"
 #include "platform/linux/input/LinuxRunLoopSource.h"
 #include "platform/linux/input/MediaKeyGrabs.h"
 #include "platform/linux/x11/XConnection.h"
@@ -21,11 +22,19 @@ namespace talmo {
 /// serves them. All but `enable` belong to the thread of that run loop.
 class LinuxEventTapPort : public EventTapPort, public LinuxRunLoopSource {
  public:
+  /// Called on the tap's thread.
+  struct Handlers {
+    /// The X server has gone away while the tap was installed; once. May be empty.
+    std::function<void()> displayLost;
+    /// How the tap stands to the keys from now on: `had`, `lost`, and `none` once it has been
+    /// removed.
+    std::function<void(KeyHold)> holdChanged;
+  };
+
   /// Grabs the media keys of $DISPLAY; nothing when there is no display or a key cannot be had,
-  /// after a log line that says so. `onDisplayLost` is called once, on the tap's thread, if the X
-  /// server goes away while the tap is installed.
+  /// after a log line that says so.
   static std::shared_ptr<LinuxEventTapPort> open(const EventTapParameters& parameters,
-                                                 std::function<void()> onDisplayLost);
+                                                 Handlers handlers);
 
   ~LinuxEventTapPort() override;
   LinuxEventTapPort(const LinuxEventTapPort&) = delete;
@@ -51,20 +60,22 @@ class LinuxEventTapPort : public EventTapPort, public LinuxRunLoopSource {
     KeyboardRelay keyboard;
   };
 
-  LinuxEventTapPort(const EventTapParameters& parameters, std::function<void()> onDisplayLost)
-      : parameters_(parameters), onDisplayLost_(std::move(onDisplayLost)) {}
+  LinuxEventTapPort(const EventTapParameters& parameters, Handlers handlers)
+      : parameters_(parameters), handlers_(std::move(handlers)) {}
 
   bool serve(const XConnection& connection);
   void decide(const xcb_key_press_event_t& event, bool isPress);
   TapVerdict ask(std::uint8_t code, bool isPress, bool isRepeat) const;
   void forgetKeysThatAreUp();
   void forgetAllKeys();
-  void loseDisplay();
+  void setHold(KeyHold hold);
+  void loseConnection();
 
   const EventTapParameters parameters_;
-  const std::function<void()> onDisplayLost_;
+  const Handlers handlers_;
+  KeyHold hold_ = KeyHold::none;
   std::atomic<bool> isEnabled_ = true;
-  // Nothing once the tap has been removed or the server has gone.
+  // Nothing once the tap has been removed or the server has closed a connection.
   std::unique_ptr<Grip> grip_;
   std::array<int, 2> descriptors_{};
   std::optional<Uptime> regrabAt_;

@@ -5,7 +5,10 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/linux/input/XKeymap.h"
 #include "platform/linux/input/XKeyPlace.h"
@@ -26,14 +29,23 @@ class MediaKeyGrabs {
   /// is tried again the next time.
   bool update();
 
+  /// Grabs all of them and gives them up again in one breath, to see whether they could be had;
+  /// what is in the way, in words, or nothing when they could. A key that is pressed in between
+  /// goes where it would have gone. Not beside grabs of this connection.
+  std::optional<std::string> obstacle() const;
+
   /// The auxiliary-control key type of a key under the state of a key event; 0 when that is not one
   /// of the keys that are grabbed. Allocates nothing.
   std::uint8_t code(xcb_keycode_t keycode, std::uint16_t state) const;
 
  private:
   using Keys = std::map<XKeyPlace, xkb_keysym_t>;
+  using Key = Keys::value_type;
+  using Request = std::pair<Key, xcb_void_cookie_t>;
 
-  Keys wanted() const;
+  static Keys wanted(const XKeymap& keymap);
+  Request grab(const Key& key) const;
+  bool isGranted(const Request& request) const;
   static std::size_t bit(XKeyPlace place) {
     return std::size_t{place.keycode} << 8 | (place.modifiers & 0xFF);
   }

@@ -29,11 +29,11 @@ std::unique_ptr<XConnection> XConnection::open(const std::string& display) {
     xcb_disconnect(connection);
     return nullptr;
   }
-  return std::unique_ptr<XConnection>(new XConnection(connection, rootOf(connection, screen)));
+  return std::unique_ptr<XConnection>(new XConnection(connection, screen));
 }
 
-XConnection::XConnection(xcb_connection_t* connection, xcb_window_t root)
-    : connection_(connection), root_(root) {}
+XConnection::XConnection(xcb_connection_t* connection, int screen)
+    : connection_(connection), screen_(screen), root_(rootOf(connection, screen)) {}
 
 XConnection::~XConnection() {
   xcb_disconnect(connection_);
@@ -97,6 +97,12 @@ bool XConnection::hasProperty(xcb_window_t window, const std::string& property) 
       xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 0),
       nullptr));
   return reply && reply->type != XCB_ATOM_NONE;
+}
+
+xcb_window_t XConnection::selectionOwner(const std::string& selection) {
+  const XReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+      connection_, xcb_get_selection_owner(connection_, atom(selection)), nullptr));
+  return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 std::vector<xcb_window_t> XConnection::children(xcb_window_t window) const {

@@ -29,6 +29,9 @@ class XConnection {
   /// The root window of the display's default screen.
   xcb_window_t root() const { return root_; }
 
+  /// The number of that screen.
+  int screen() const { return screen_; }
+
   /// Whether the server has gone; it does not come back on this connection. Notices what an earlier
   /// request or the socket has shown, without asking the server.
   bool isDead() const;
@@ -52,16 +55,20 @@ class XConnection {
   /// Whether a window has the property, of whatever type.
   bool hasProperty(xcb_window_t window, const std::string& property);
 
+  /// The window that owns a selection; `XCB_WINDOW_NONE` when none does.
+  xcb_window_t selectionOwner(const std::string& selection);
+
   /// The children of a window, bottom-most first.
   std::vector<xcb_window_t> children(xcb_window_t window) const;
 
  private:
-  XConnection(xcb_connection_t* connection, xcb_window_t root);
+  XConnection(xcb_connection_t* connection, int screen);
 
   std::vector<std::uint32_t> longs(xcb_window_t window, const std::string& property,
                                    xcb_atom_t type);
 
   xcb_connection_t* const connection_;
+  const int screen_;
   const xcb_window_t root_;
   std::map<std::string, xcb_atom_t> atoms_;
 };

@@ -8,6 +8,8 @@
 #include "tests/contract/AccessibilityContract.h"
 #include "tests/support/FocusWindow.h"
 #include "tests/support/PrivateDisplay.h"
+#include "tests/support/RivalClient.h"
+#include "tests/support/TestPlatform.h"
 
 namespace talmo::test {
 namespace {
@@ -22,6 +24,14 @@ class LinuxAccessibilityWorld : public AccessibilityWorld {
   ~LinuxAccessibilityWorld() override { ::unsetenv("DISPLAY"); }
 
   Accessibility& accessibility() override { return accessibility_; }
+
+  void setTrusted(bool trusted) override {
+    if (trusted) {
+      rival_.ungrab(next);
+    } else {
+      ASSERT_TRUE(rival_.grab(next));
+    }
+  }
 
   ProcessIdentifier startApplication() override { return ++lastProcess_; }
 
@@ -52,16 +62,23 @@ class LinuxAccessibilityWorld : public AccessibilityWorld {
   /// Waits until the server has done everything so far.
   void settle() { connection_->children(connection_->root()); }
 
+  // The key for the next track, in the map that the server starts with.
+  static constexpr std::uint8_t next = 171;
+
   PrivateDisplay display_;
+  const TestPlatform platform_;
+  RivalClient rival_{display_.name()};
   std::unique_ptr<XConnection> connection_;
-  LinuxAccessibility accessibility_;
+  LinuxEventTap eventTap_;
+  LinuxAccessibility accessibility_{eventTap_};
   ProcessIdentifier lastProcess_ = 4000;
   std::map<ProcessIdentifier, std::vector<std::unique_ptr<FocusWindow>>> windows_;
 };
 
 TEST(LinuxAccessibility, WithoutADisplayThereAreNoWindows) {
   ::unsetenv("DISPLAY");
-  EXPECT_TRUE(LinuxAccessibility().windowTitles(4001).empty());
+  LinuxEventTap eventTap;
+  EXPECT_TRUE(LinuxAccessibility(eventTap).windowTitles(4001).empty());
 }
 
 }  // namespace

@@ -9,10 +9,9 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/linux/x11/XConnection.h"
-#include "platform/linux/x11/XReply.h"
 #include "tests/backend/input/InputDesk.h"
 #include "tests/contract/TapThread.h"
+#include "tests/support/RivalClient.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -22,24 +21,6 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-/// Another program on the display.
-class Client {
- public:
-  explicit Client(const std::string& display) : connection_(XConnection::open(display)) {}
-
-  /// Grabs a key under a modifier mask; returns whether it could.
-  bool grab(std::uint8_t keycode, std::uint16_t modifiers = 0) {
-    const XReply<xcb_generic_error_t> error(xcb_request_check(
-        connection_->get(),
-        xcb_grab_key_checked(connection_->get(), 0, connection_->root(), modifiers, keycode,
-                             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
-    return !error;
-  }
-
- private:
-  const std::unique_ptr<XConnection> connection_;
-};
 
 class LinuxEventTapLife : public testing::Test {
  protected:
@@ -73,7 +54,7 @@ class LinuxEventTapLife : public testing::Test {
 };
 
 TEST_F(LinuxEventTapLife, KeyThatAnotherProgramHoldsIsNamed) {
-  Client client(desk.display.name());
+  RivalClient client(desk.display.name());
   const std::uint8_t keycode = desk.keyboard.keycode("XF86AudioNext");
   ASSERT_TRUE(client.grab(keycode));
   const TapThread tap(desk.dispatch, desk.eventTap);
@@ -81,11 +62,11 @@ TEST_F(LinuxEventTapLife, KeyThatAnotherProgramHoldsIsNamed) {
   EXPECT_THAT(errors(), ElementsAre("XF86AudioNext (keycode " + std::to_string(keycode) +
                                     ") is grabbed by another program"));
   // Nothing else stays grabbed.
-  EXPECT_TRUE(Client(desk.display.name()).grab(desk.keyboard.keycode("XF86AudioPlay")));
+  EXPECT_TRUE(RivalClient(desk.display.name()).grab(desk.keyboard.keycode("XF86AudioPlay")));
 }
 
 TEST_F(LinuxEventTapLife, KeyThatAnotherProgramHoldsUnderALockIsNamedToo) {
-  Client client(desk.display.name());
+  RivalClient client(desk.display.name());
   ASSERT_TRUE(client.grab(desk.keyboard.keycode("XF86AudioPrev"), XCB_MOD_MASK_LOCK));
   const TapThread tap(desk.dispatch, desk.eventTap);
   EXPECT_FALSE(isInstalled(tap));
@@ -118,7 +99,7 @@ TEST_F(LinuxEventTapLife, ThereIsNoTapWithoutADisplay) {
 TEST_F(LinuxEventTapLife, RemovedTapFreesItsKeysAtOnce) {
   TapThread tap(desk.dispatch, desk.eventTap);
   ASSERT_TRUE(isInstalled(tap));
-  Client client(desk.display.name());
+  RivalClient client(desk.display.name());
   const std::uint8_t keycode = desk.keyboard.keycode("XF86AudioPlay");
   ASSERT_FALSE(client.grab(keycode));
   std::atomic<bool> isRemoved = false;
@@ -190,7 +171,7 @@ TEST_F(LinuxEventTapLife, BurstOfMapChangesRegrabsOnce) {
 
 TEST_F(LinuxEventTapLife, KeyThatMovesOntoAnothersGrabIsNamedAndTheRestGoesOn) {
   const std::uint8_t spare = desk.keyboard.unusedKeycode();
-  Client client(desk.display.name());
+  RivalClient client(desk.display.name());
   ASSERT_TRUE(client.grab(spare));
   TapThread tap(desk.dispatch, desk.eventTap);
   ASSERT_TRUE(isInstalled(tap));

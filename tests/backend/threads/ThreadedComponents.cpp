@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/linux/dispatch/LinuxDispatch.h"
+#include "tests/component/AccessibilityPermissionTest.h"
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
@@ -49,6 +50,7 @@ class ThreadedWorld : public World {
 const auto world =
     testing::Values(+[]() -> std::unique_ptr<World> { return std::make_unique<ThreadedWorld>(); });
 
+INSTANTIATE_TEST_SUITE_P(Threads, AccessibilityPermissionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AdapterNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);

@@ -1,5 +1,6 @@
 // Runs the component tests in virtual time, each with several seeds.
 
+#include "tests/component/AccessibilityPermissionTest.h"
 #include "tests/component/AdapterNowPlayingTest.h"
 #include "tests/component/AppCoordinatorTest.h"
 #include "tests/component/AudioActivityTest.h"
@@ -25,6 +26,7 @@ std::unique_ptr<World> make() {
 const auto worlds =
     testing::Values(&make<0>, &make<1>, &make<2>, &make<3>, &make<4>, &make<5>, &make<6>, &make<7>);
 
+INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityPermissionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AdapterNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);

@@ -127,6 +127,8 @@ class SimulatedAccessibilityWorld : public AccessibilityWorld {
  public:
   Accessibility& accessibility() override { return world_.machine().accessibility(); }
 
+  void setTrusted(bool trusted) override { world_.machine().accessibility().setTrusted(trusted); }
+
   ProcessIdentifier startApplication() override {
     return applications().launch("nl.brelm.application");
   }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/linux/interface/DesktopWatch.h"
+#include "platform/linux/interface/LinuxEventMonitors.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
+#include "platform/linux/interface/LinuxPanels.h"
+#include "platform/linux/interface/LinuxStatusBar.h"
+#include "platform/linux/interface/view/Vectors.h"
+
+namespace talmo {
+
+/// The services that are made with the toolkit. Main thread.
+struct LinuxInterface {
+  /// All live longer.
+  LinuxInterface(const Bundle& bundle, LinuxOwnApplication& application,
+                 Notifications& notifications, Notifications& workspaceNotifications)
+      : vectors(bundle),
+        statusBar(vectors, application),
+        panels(vectors),
+        eventMonitors(application),
+        desktopWatch(workspaceNotifications, notifications) {}
+
+  Vectors vectors;
+  LinuxStatusBar statusBar;
+  LinuxPanels panels;
+  LinuxEventMonitors eventMonitors;
+  DesktopWatch desktopWatch;
+};
+
+}  // namespace talmo

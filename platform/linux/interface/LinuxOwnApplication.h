@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/Application.h"
+#include "platform/Bundle.h"
+#include "platform/linux/dispatch/LinuxDispatch.h"
+
+namespace talmo {
+
+class AboutPanel;
+
+/// The program as an application of a Linux desktop; it ends with its main loop. Main thread,
+/// unless the interface says otherwise.
+class LinuxOwnApplication : public Application {
+ public:
+  /// Both live longer.
+  LinuxOwnApplication(LinuxDispatch& dispatch, const Bundle& bundle);
+  ~LinuxOwnApplication() override;
+
+  /// Brings the About panel forward when it is open.
+  void activate() override;
+  void terminate() override;
+  void orderFrontStandardAboutPanel() override;
+  std::optional<InterfaceEvent> currentEvent() const override { return currentEvent_; }
+  /// There is no such device.
+  void performHapticFeedback(int pattern) override;
+  std::optional<std::string> environmentVariable(const std::string& name) const override;
+
+  /// Runs `handler` with `event` as the current one.
+  void handle(const InterfaceEvent& event, const std::function<void()>& handler);
+
+  /// Whether `terminate` is what ended the main loop.
+  bool isTerminating() const { return isTerminating_; }
+
+ private:
+  LinuxDispatch& dispatch_;
+  std::optional<InterfaceEvent> currentEvent_;
+  bool isTerminating_ = false;
+  // Nothing without the toolkit.
+  std::unique_ptr<AboutPanel> about_;
+};
+
+}  // namespace talmo

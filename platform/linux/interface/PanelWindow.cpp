@@ -1,0 +1,126 @@
+#include "platform/linux/interface/PanelWindow.h"
+
+#include <memory>
+#include <QCloseEvent>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRegion>
+#include <string>
+
+#include "platform/linux/interface/MenuPopup.h"
+#include "platform/linux/interface/view/Appearance.h"
+#include "platform/linux/interface/view/ContentView.h"
+#include "platform/linux/interface/view/Palette.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace talmo {
+namespace {
+
+constexpr int animationMilliseconds = 120;
+
+/// Whether somebody blends translucent windows (freedesktop.org's window manager hints).
+bool hasCompositor() {
+  const std::unique_ptr<XConnection> connection = XConnection::open();
+  return connection &&
+         connection->selectionOwner("_NET_WM_CM_S" + std::to_string(connection->screen())) !=
+             XCB_WINDOW_NONE;
+}
+
+}  // namespace
+
+// A tool window and no popup, which would take the click on the icon that is to close it.
+PanelWindow::PanelWindow(const Vectors& vectors, Appearance& appearance)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                           Qt::NoDropShadowWindowHint),
+      appearance_(appearance),
+      content_(new ContentView(vectors, appearance, this)),
+      animation_(this, "geometry") {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setWindowTitle(QStringLiteral("Talmo"));
+  content_->setOnSizeChange([this](QSize size) {
+    if (!onSizeChange) return;
+    onSizeChange(
+        {.width = static_cast<double>(size.width()), .height = static_cast<double>(size.height())});
+  });
+  content_->setOnMenu([](const Menu& menu, QWidget& button) {
+    popUp(menu, button.mapToGlobal(button.rect().bottomLeft()));
+  });
+  animation_.setDuration(animationMilliseconds);
+  animation_.setEasingCurve(QEasingCurve::OutCubic);
+}
+
+void PanelWindow::open() {
+  isBlended_ = hasCompositor();
+  updateShape();
+  show();
+  raise();
+  activateWindow();
+}
+
+QRect PanelWindow::place() const {
+  return animation_.state() == QAbstractAnimation::Running ? animation_.endValue().toRect()
+                                                           : geometry();
+}
+
+void PanelWindow::setPlace(const QRect& place, bool isAnimated) {
+  if (place == this->place()) return;
+  animation_.stop();
+  if (isAnimated && isVisible()) {
+    animation_.setStartValue(geometry());
+    animation_.setEndValue(place);
+    animation_.start();
+  } else {
+    setGeometry(place);
+  }
+}
+
+void PanelWindow::updateShape() {
+  if (isBlended_) {
+    clearMask();
+    return;
+  }
+  QPainterPath ground;
+  ground.addRoundedRect(QRectF(rect()), ContentView::cornerRadius, ContentView::cornerRadius);
+  setMask(QRegion(ground.toFillPolygon().toPolygon()));
+}
+
+void PanelWindow::setContent(const View& content) {
+  content_->setContent(content);
+}
+
+bool PanelWindow::event(QEvent* event) {
+  const bool isHandled = QWidget::event(event);
+  if (event->type() == QEvent::WindowDeactivate && isVisible() && onResignKey) onResignKey();
+  return isHandled;
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event) {
+  // The window manager's wish; whoever hears of it hides the window.
+  event->ignore();
+  if (onCancel) onCancel();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    if (onCancel) onCancel();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void PanelWindow::paintEvent(QPaintEvent*) {
+  if (isBlended_) return;
+  // The content's ground would let nothing but black through.
+  QColor ground = (appearance_.isDark() ? Palette::dark() : Palette::light()).glass;
+  ground.setAlphaF(1);
+  QPainter(this).fillRect(rect(), ground);
+}
+
+void PanelWindow::resizeEvent(QResizeEvent*) {
+  content_->setGeometry(rect());
+  updateShape();
+}
+
+}  // namespace talmo
