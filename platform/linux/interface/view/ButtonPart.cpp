@@ -53,6 +53,7 @@ ButtonPart::ButtonPart(const View& view, const Look& look, QWidget* parent)
   setFocusPolicy(Qt::NoFocus);
   setSizePolicy(view.role == ViewRole::row ? QSizePolicy::Preferred : QSizePolicy::Fixed,
                 QSizePolicy::Fixed);
+  if (view.role == ViewRole::linkButton) setCursor(Qt::PointingHandCursor);
   connect(this, &QAbstractButton::clicked, this, [this] { press(); });
 }
 
@@ -121,6 +122,9 @@ void ButtonPart::paintEvent(QPaintEvent*) {
       if (isHovered) ground = palette.hover;
   }
   QPainter painter(this);
+  if (role() == ViewRole::linkButton && isHovered) {
+    painter.fillRect(0, height() - 1, width(), 1, palette.accent);
+  }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ground);
