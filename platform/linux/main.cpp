@@ -7,6 +7,8 @@
 #include <signal.h>
 
 #include "app/AppCoordinator.h"
+#include "platform/linux/applications/SuccessorMark.h"
+#include "platform/linux/interface/InstanceName.h"
 #include "platform/linux/interface/Toolkit.h"
 #include "platform/linux/interface/ToolkitExit.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -35,6 +37,21 @@ void surviveBrokenPipes() {
   ::sigaction(SIGPIPE, &action, nullptr);
 }
 
+/// The exit status of a process that is not the only one of its session, which has the other one
+/// show itself; nothing for one that goes on.
+std::optional<int> leaveItToAnother(InstanceName& instance, bool isSuccessor) {
+  switch (instance.claim(isSuccessor)) {
+    case InstanceName::Claim::ours:
+      return std::nullopt;
+    case InstanceName::Claim::anothers:
+      return EXIT_SUCCESS;
+    case InstanceName::Claim::failed:
+      std::fputs("talmo: another Talmo is running, and neither answers nor ends\n", stderr);
+      return EXIT_FAILURE;
+  }
+  return std::nullopt;
+}
+
 /// Frees the keys and waits for what still runs, but not for long; returns when nothing does.
 void leave(LinuxPlatform& platform, AppCoordinator& coordinator, int status) {
   coordinator.tap().stop();
@@ -46,7 +63,7 @@ void leave(LinuxPlatform& platform, AppCoordinator& coordinator, int status) {
 
 /// Serves the program until a signal, its own wish or the loss of the display; returns the exit
 /// status.
-int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
+int serve(LinuxPlatform& platform, AppCoordinator& coordinator, InstanceName& instance) {
   LinuxDispatch& dispatch = platform.dispatch();
   const TerminationSignals signals(dispatch);
   std::atomic<bool> isDisplayLost = false;
@@ -68,6 +85,7 @@ int serve(LinuxPlatform& platform, AppCoordinator& coordinator) {
                  display != nullptr ? display : "not set");
     return EXIT_FAILURE;
   }
+  instance.serve([&coordinator] { coordinator.openPanel(); });
   dispatch.runMainLoop();
 
   int status = EXIT_SUCCESS;
@@ -92,13 +110,16 @@ int main(int count, char** arguments) {
     return talmo::usageError;
   }
   talmo::surviveBrokenPipes();
+  const bool isSuccessor = talmo::takeSuccessorMark();
   int status = EXIT_SUCCESS;
   {
     const auto toolkit = talmo::Toolkit::connect();
+    talmo::InstanceName instance;
+    if (const auto elsewhere = talmo::leaveItToAnother(instance, isSuccessor)) return *elsewhere;
     talmo::LinuxPlatform platform;
     talmo::setPlatform(&platform);
     const auto coordinator = talmo::AppCoordinator::make();
-    status = talmo::serve(platform, *coordinator);
+    status = talmo::serve(platform, *coordinator, instance);
   }
   talmo::setPlatform(nullptr);
   return status;

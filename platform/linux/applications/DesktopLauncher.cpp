@@ -10,6 +10,7 @@
 #include <systemd/sd-bus.h>
 
 #include "platform/linux/applications/GlibHandles.h"
+#include "platform/linux/applications/SuccessorMark.h"
 
 namespace talmo {
 namespace {
@@ -96,12 +97,14 @@ std::optional<std::string> launchDesktopEntry(const DesktopEntry& entry,
   return startAsProcess(entry, urls);
 }
 
-std::optional<std::string> launchProgram(const std::string& path) {
+std::optional<std::string> launchSuccessor(const std::string& path) {
   std::string program = path;
   std::array<char*, 2> arguments{program.data(), nullptr};
+  const std::unique_ptr<char*, GlibRelease> environment(
+      g_environ_setenv(g_get_environ(), successorMark, "1", TRUE));
   GError* error = nullptr;
-  g_spawn_async(nullptr, arguments.data(), nullptr, G_SPAWN_DEFAULT, detach, nullptr, nullptr,
-                &error);
+  g_spawn_async(nullptr, arguments.data(), environment.get(), G_SPAWN_DEFAULT, detach, nullptr,
+                nullptr, &error);
   if (error == nullptr) return std::nullopt;
   return GlibError(error)->message;
 }

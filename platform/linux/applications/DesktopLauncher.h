@@ -16,9 +16,9 @@ namespace talmo {
 std::optional<std::string> launchDesktopEntry(const DesktopEntry& entry,
                                               const std::vector<std::string>& urls);
 
-/// Starts the program at a path, without arguments; in words what went wrong, if anything did. It
-/// is as above but writes where this program writes, so that this program's own further instance
-/// goes on with its log.
-std::optional<std::string> launchProgram(const std::string& path);
+/// Starts the program at a path, without arguments, as the one that is to follow this one; in words
+/// what went wrong, if anything did. It is as above but writes where this program writes, so that
+/// it goes on with its log.
+std::optional<std::string> launchSuccessor(const std::string& path);
 
 }  // namespace talmo

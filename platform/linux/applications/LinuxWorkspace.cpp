@@ -105,7 +105,7 @@ std::optional<std::string> startAnother(const std::string& url) {
   }
   const GlibText path(g_filename_from_uri(url.c_str(), nullptr, nullptr));
   if (!path) return "it is no file URL";
-  return launchProgram(path.get());
+  return launchSuccessor(path.get());
 }
 
 }  // namespace

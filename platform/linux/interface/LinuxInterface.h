@@ -5,6 +5,7 @@
 #include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/interface/LinuxPanels.h"
 #include "platform/linux/interface/LinuxStatusBar.h"
+#include "platform/linux/interface/view/Vectors.h"
 
 namespace talmo {
 
@@ -13,10 +14,13 @@ struct LinuxInterface {
   /// All live longer.
   LinuxInterface(const Bundle& bundle, LinuxOwnApplication& application,
                  Notifications& notifications, Notifications& workspaceNotifications)
-      : statusBar(bundle, application),
+      : vectors(bundle),
+        statusBar(vectors, application),
+        panels(vectors),
         eventMonitors(application),
         desktopWatch(workspaceNotifications, notifications) {}
 
+  Vectors vectors;
   LinuxStatusBar statusBar;
   LinuxPanels panels;
   LinuxEventMonitors eventMonitors;

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "platform/linux/interface/ScreenCoordinates.h"
-#include "platform/linux/interface/view/ContentView.h"
 
 namespace talmo {
 
@@ -12,8 +11,7 @@ WindowIdentifier LinuxPanel::window() const {
 }
 
 void LinuxPanel::setContent(const View& content) {
-  window_.content().setContent(content);
-  window_.noticeIdealSize();
+  window_.setContent(content);
 }
 
 Rect LinuxPanel::frame() const {

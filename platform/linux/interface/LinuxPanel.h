@@ -10,6 +10,9 @@ namespace talmo {
 /// A panel as a window of the toolkit, which it needs.
 class LinuxPanel : public Panel {
  public:
+  /// Both live longer.
+  LinuxPanel(const Vectors& vectors, Appearance& appearance) : window_(vectors, appearance) {}
+
   WindowIdentifier window() const override;
   void setContent(const View& content) override;
   Rect frame() const override;

@@ -5,7 +5,8 @@
 namespace talmo {
 
 std::unique_ptr<Panel> LinuxPanels::makePanel() {
-  return std::make_unique<LinuxPanel>();
+  if (!appearance_) appearance_.emplace();
+  return std::make_unique<LinuxPanel>(vectors_, *appearance_);
 }
 
 }  // namespace talmo

@@ -5,7 +5,7 @@
 namespace talmo {
 
 std::unique_ptr<StatusItem> LinuxStatusBar::makeStatusItem(double) {
-  return std::make_unique<LinuxStatusItem>(bundle_, application_);
+  return std::make_unique<LinuxStatusItem>(vectors_, application_);
 }
 
 }  // namespace talmo

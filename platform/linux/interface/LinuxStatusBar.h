@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/Bundle.h"
 #include "platform/linux/interface/LinuxOwnApplication.h"
+#include "platform/linux/interface/view/Vectors.h"
 #include "platform/StatusBar.h"
 
 namespace talmo {
@@ -12,13 +12,13 @@ namespace talmo {
 class LinuxStatusBar : public StatusBar {
  public:
   /// Both live longer.
-  LinuxStatusBar(const Bundle& bundle, LinuxOwnApplication& application)
-      : bundle_(bundle), application_(application) {}
+  LinuxStatusBar(const Vectors& vectors, LinuxOwnApplication& application)
+      : vectors_(vectors), application_(application) {}
 
   std::unique_ptr<StatusItem> makeStatusItem(double length) override;
 
  private:
-  const Bundle& bundle_;
+  const Vectors& vectors_;
   LinuxOwnApplication& application_;
 };
 

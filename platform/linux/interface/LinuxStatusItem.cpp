@@ -13,8 +13,8 @@
 
 namespace talmo {
 
-LinuxStatusItem::LinuxStatusItem(const Bundle& bundle, LinuxOwnApplication& application)
-    : bundle_(bundle), application_(application) {
+LinuxStatusItem::LinuxStatusItem(const Vectors& vectors, LinuxOwnApplication& application)
+    : vectors_(vectors), application_(application) {
   if (qApp != nullptr) {
     icon_ = std::make_unique<QSystemTrayIcon>();
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &LinuxStatusItem::clicked);
@@ -62,16 +62,21 @@ void LinuxStatusItem::performClick() {
 bool LinuxStatusItem::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   if (type == QEvent::ApplicationPaletteChange ||
-      ((type == QEvent::Show || type == QEvent::Move) && isTrayWindow(watched))) {
+      (type == QEvent::Paint && isTrayWindow(watched))) {
     // When the event has been dealt with.
-    QMetaObject::invokeMethod(this, &LinuxStatusItem::draw, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &LinuxStatusItem::followTray, Qt::QueuedConnection);
   }
   return false;
 }
 
+void LinuxStatusItem::followTray() {
+  if (icon_ && trayForeground(icon_->geometry()) != foreground_) draw();
+}
+
 void LinuxStatusItem::draw() {
   if (!icon_) return;
-  icon_->setIcon(statusIcon(bundle_, image_, trayForeground(icon_->geometry()), alpha_));
+  foreground_ = trayForeground(icon_->geometry());
+  icon_->setIcon(statusIcon(vectors_, image_, foreground_, alpha_));
 }
 
 void LinuxStatusItem::clicked(QSystemTrayIcon::ActivationReason reason) {

@@ -4,12 +4,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <QColor>
 #include <QObject>
 #include <QSystemTrayIcon>
 
-#include "platform/Bundle.h"
 #include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/interface/LinuxStatusButton.h"
+#include "platform/linux/interface/view/Vectors.h"
 #include "platform/StatusItem.h"
 
 namespace talmo {
@@ -18,7 +19,7 @@ namespace talmo {
 class LinuxStatusItem : public QObject, public StatusItem {
  public:
   /// Both live longer.
-  LinuxStatusItem(const Bundle& bundle, LinuxOwnApplication& application);
+  LinuxStatusItem(const Vectors& vectors, LinuxOwnApplication& application);
   ~LinuxStatusItem() override;
   LinuxStatusItem(const LinuxStatusItem&) = delete;
   LinuxStatusItem& operator=(const LinuxStatusItem&) = delete;
@@ -30,20 +31,22 @@ class LinuxStatusItem : public QObject, public StatusItem {
   void setMenu(std::optional<Menu> menu) override;
   void performClick() override;
 
-  /// Draws the icon anew when the desktop's look or the tray's place has changed.
+  /// Draws the icon anew when what it is seen against has changed.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void followTray();
   void draw();
   void clicked(QSystemTrayIcon::ActivationReason reason);
   void dropDown();
 
-  const Bundle& bundle_;
+  const Vectors& vectors_;
   LinuxOwnApplication& application_;
   std::unique_ptr<QSystemTrayIcon> icon_;
   std::shared_ptr<LinuxStatusButton> button_;
   StatusImage image_;
   double alpha_ = 1;
+  QColor foreground_;
   std::uint64_t mask_ = 0;
   std::function<void()> action_;
   std::optional<Menu> menu_;

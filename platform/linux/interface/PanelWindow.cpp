@@ -9,14 +9,14 @@
 #include <QRegion>
 #include <string>
 
+#include "platform/linux/interface/MenuPopup.h"
+#include "platform/linux/interface/view/Appearance.h"
 #include "platform/linux/interface/view/ContentView.h"
+#include "platform/linux/interface/view/Palette.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace talmo {
 namespace {
-
-// Of the content's ground.
-constexpr int cornerRadius = 14;
 
 constexpr int animationMilliseconds = 120;
 
@@ -31,14 +31,22 @@ bool hasCompositor() {
 }  // namespace
 
 // A tool window and no popup, which would take the click on the icon that is to close it.
-PanelWindow::PanelWindow()
+PanelWindow::PanelWindow(const Vectors& vectors, Appearance& appearance)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                            Qt::NoDropShadowWindowHint),
-      content_(new ContentView),
+      appearance_(appearance),
+      content_(new ContentView(vectors, appearance, this)),
       animation_(this, "geometry") {
   setAttribute(Qt::WA_TranslucentBackground);
   setWindowTitle(QStringLiteral("Talmo"));
-  content_->setParent(this);
+  content_->setOnSizeChange([this](QSize size) {
+    if (!onSizeChange) return;
+    onSizeChange(
+        {.width = static_cast<double>(size.width()), .height = static_cast<double>(size.height())});
+  });
+  content_->setOnMenu([](const Menu& menu, QWidget& button) {
+    popUp(menu, button.mapToGlobal(button.rect().bottomLeft()));
+  });
   animation_.setDuration(animationMilliseconds);
   animation_.setEasingCurve(QEasingCurve::OutCubic);
 }
@@ -74,25 +82,17 @@ void PanelWindow::updateShape() {
     return;
   }
   QPainterPath ground;
-  ground.addRoundedRect(QRectF(rect()), cornerRadius, cornerRadius);
+  ground.addRoundedRect(QRectF(rect()), ContentView::cornerRadius, ContentView::cornerRadius);
   setMask(QRegion(ground.toFillPolygon().toPolygon()));
 }
 
-void PanelWindow::noticeIdealSize() {
-  const QSize ideal = content_->sizeHint();
-  if (ideal == idealSize_) return;
-  idealSize_ = ideal;
-  if (onSizeChange) {
-    onSizeChange({.width = static_cast<double>(ideal.width()),
-                  .height = static_cast<double>(ideal.height())});
-  }
+void PanelWindow::setContent(const View& content) {
+  content_->setContent(content);
 }
 
 bool PanelWindow::event(QEvent* event) {
   const bool isHandled = QWidget::event(event);
   if (event->type() == QEvent::WindowDeactivate && isVisible() && onResignKey) onResignKey();
-  // The content has another size now, as when the desktop's font changes.
-  if (event->type() == QEvent::LayoutRequest) noticeIdealSize();
   return isHandled;
 }
 
@@ -111,8 +111,11 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelWindow::paintEvent(QPaintEvent*) {
-  // The content's ground lets something through, which without a compositor is nothing.
-  if (!isBlended_) QPainter(this).fillRect(rect(), palette().window());
+  if (isBlended_) return;
+  // The content's ground would let nothing but black through.
+  QColor ground = (appearance_.isDark() ? Palette::dark() : Palette::light()).glass;
+  ground.setAlphaF(1);
+  QPainter(this).fillRect(rect(), ground);
 }
 
 void PanelWindow::resizeEvent(QResizeEvent*) {

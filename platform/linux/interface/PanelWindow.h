@@ -6,18 +6,20 @@
 #include <QWidget>
 
 #include "platform/Size.h"
+#include "platform/View.h"
 
 namespace talmo {
 
+class Appearance;
 class ContentView;
+class Vectors;
 
 /// The window of a panel: frameless, above the others, in no list of windows, and with round
 /// corners, which a compositor blends and which are cut off where there is none.
 class PanelWindow : public QWidget {
  public:
-  PanelWindow();
-
-  ContentView& content() { return *content_; }
+  /// Both live longer.
+  PanelWindow(const Vectors& vectors, Appearance& appearance);
 
   /// Shows it in front and asks for the keys.
   void open();
@@ -30,8 +32,8 @@ class PanelWindow : public QWidget {
   /// Cuts off what is outside the corners, unless a compositor blends it.
   void updateShape();
 
-  /// Has the size callback called when the content's ideal size is another than before.
-  void noticeIdealSize();
+  /// When the ideal size is another than before, the size callback is called before this returns.
+  void setContent(const View& content);
 
   std::function<void(Size)> onSizeChange;
   std::function<void()> onCancel;
@@ -45,9 +47,9 @@ class PanelWindow : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  const Appearance& appearance_;
   ContentView* const content_;
   QPropertyAnimation animation_;
-  std::optional<QSize> idealSize_;
   // Decided at each opening.
   bool isBlended_ = false;
 };

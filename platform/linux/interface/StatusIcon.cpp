@@ -1,12 +1,8 @@
 #include "platform/linux/interface/StatusIcon.h"
 
 #include <array>
-#include <optional>
 #include <QPainter>
 #include <QPixmap>
-#include <QString>
-#include <QSvgRenderer>
-#include <string>
 
 namespace talmo {
 namespace {
@@ -14,34 +10,28 @@ namespace {
 // From the smallest tray's to one of twice the usual scale.
 constexpr std::array sizes{16, 22, 24, 32, 44, 48, 64};
 
-QPixmap draw(QSvgRenderer& vector, int size, const std::optional<QColor>& tint, double alpha) {
-  QPixmap picture(size, size);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setOpacity(alpha);
-  vector.render(&painter, QRectF(0, 0, size, size));
-  if (tint) {
-    painter.setOpacity(1);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(picture.rect(), *tint);
+QPixmap draw(const Vectors& vectors, const StatusImage& image, int size, const QColor& foreground) {
+  const QSize square(size, size);
+  if (image.kind == StatusImage::Kind::symbol) {
+    return vectors.symbol(image.name, square, 1, foreground);
   }
-  return picture;
+  return vectors.image(image.name, square, 1, image.isTemplate ? foreground : QColor());
 }
 
 }  // namespace
 
-QIcon statusIcon(const Bundle& bundle, const StatusImage& image, const QColor& foreground,
+QIcon statusIcon(const Vectors& vectors, const StatusImage& image, const QColor& foreground,
                  double alpha) {
-  const bool isSymbol = image.kind == StatusImage::Kind::symbol;
-  const std::optional<std::string> path =
-      bundle.resourcePath((isSymbol ? "symbols/" : "images/") + image.name, "svg");
-  QSvgRenderer vector;
-  if (path) vector.load(QString::fromStdString(*path));
-  vector.setAspectRatioMode(Qt::KeepAspectRatio);
-  const std::optional<QColor> tint =
-      isSymbol || image.isTemplate ? std::optional(foreground) : std::nullopt;
   QIcon icon;
-  for (const int size : sizes) icon.addPixmap(draw(vector, size, tint, alpha));
+  for (const int size : sizes) {
+    QPixmap picture(size, size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setOpacity(alpha);
+    painter.drawPixmap(0, 0, draw(vectors, image, size, foreground));
+    painter.end();
+    icon.addPixmap(picture);
+  }
   return icon;
 }
 

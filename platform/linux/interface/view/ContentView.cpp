@@ -1,21 +1,75 @@
 #include "platform/linux/interface/view/ContentView.h"
 
 #include <algorithm>
+#include <QEvent>
+#include <QPainter>
+
+#include "platform/linux/interface/view/AccessibleParts.h"
+#include "platform/linux/interface/view/Grounds.h"
 
 namespace talmo {
-namespace {
 
-constexpr int idealWidth = 320;
-constexpr int rowHeight = 40;
-
-}  // namespace
+ContentView::ContentView(const Vectors& vectors, Appearance& appearance, QWidget* parent)
+    : QWidget(parent),
+      appearance_(appearance),
+      look_{.vectors = vectors, .palette = nullptr, .popUp = {}} {
+  installAccessibleParts();
+  setFocusPolicy(Qt::NoFocus);
+  connect(&appearance, &Appearance::changed, this, [this] { render(); });
+}
 
 void ContentView::setContent(const View& content) {
-  setFixedHeight(rowHeight * std::max(1, static_cast<int>(content.children.size())));
+  content_ = content;
+  render();
 }
 
 QSize ContentView::sizeHint() const {
-  return {idealWidth, minimumHeight()};
+  return ideal_;
+}
+
+void ContentView::paintEvent(QPaintEvent*) {
+  // Here and not below the root: the ground follows the window while that changes its size.
+  QPainter painter(this);
+  if (look_.palette != nullptr) paintGround(painter, rect(), content_.role, *look_.palette);
+}
+
+void ContentView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layOut();
+}
+
+void ContentView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange && root_ != nullptr) render();
+}
+
+void ContentView::render() {
+  look_.palette = appearance_.isDark() ? &Palette::dark() : &Palette::light();
+  if (root_ == nullptr || !root_->shows(content_)) {
+    if (root_ != nullptr) {
+      root_->widget().hide();
+      root_->widget().deleteLater();
+    }
+    root_ = Part::make(content_, content_.role, look_, this);
+  }
+  root_->setView(content_);
+  root_->widget().show();
+  const QSize before = ideal_;
+  const QWidget& widget = root_->widget();
+  const int width = Metrics::width;
+  ideal_ = {width,
+            widget.hasHeightForWidth() ? widget.heightForWidth(width) : widget.sizeHint().height()};
+  layOut();
+  update();
+  if (ideal_ == before) return;
+  updateGeometry();
+  if (onSizeChange_) onSizeChange_(ideal_);
+}
+
+void ContentView::layOut() {
+  // A window that is still growing shows the upper part; one that cannot grow makes the list
+  // scroll.
+  if (root_ != nullptr) root_->widget().setGeometry({QPoint(), size().expandedTo({0, 0})});
 }
 
 }  // namespace talmo

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "platform/linux/interface/view/Look.h"
+#include "platform/linux/interface/view/Part.h"
+#include "platform/View.h"
+
+class QBoxLayout;
+class QWidget;
+
+namespace talmo {
+
+/// The parts in a stack or button. Main thread only.
+class PartList {
+ public:
+  /// The layout is the one of `parent`; `container` is what Part::make is told.
+  PartList(QBoxLayout& layout, QWidget& parent, ViewRole container, const Look& look)
+      : layout_(layout), parent_(parent), container_(container), look_(look) {}
+
+  /// Keeps what the views still show, makes what is new and lets go of the rest.
+  void set(std::span<const View> views);
+
+  const std::vector<Part*>& parts() const { return parts_; }
+
+ private:
+  Part* taken(const View& view);
+  void arrange();
+  void arrangeVertically();
+  void arrangeHorizontally();
+
+  QBoxLayout& layout_;
+  QWidget& parent_;
+  const ViewRole container_;
+  const Look& look_;
+  std::vector<Part*> parts_;
+};
+
+}  // namespace talmo

@@ -1,0 +1,85 @@
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <QApplication>
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+#include <QScreen>
+#include <QString>
+#include <QWindow>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/interface/view/Appearance.h"
+#include "platform/linux/interface/view/ContentView.h"
+#include "platform/linux/interface/view/Vectors.h"
+#include "platform/linux/LinuxBundle.h"
+#include "tests/backend/interface/view/PanelStates.h"
+#include "tests/backend/interface/view/PictureComparison.h"
+
+namespace talmo::test {
+namespace {
+
+/// A panel as it looks over a window in the middle between black and white.
+QImage pictureOf(const View& view, bool isDark, int scaleInPercent) {
+  const LinuxBundle bundle(TALMO_BUNDLE_FOLDER);
+  const Vectors vectors(bundle);
+  const QColor background = isDark ? QColor(52, 54, 62) : QColor(222, 224, 232);
+  QApplication::setPalette(QPalette(background));
+  Appearance appearance;
+  ContentView content(vectors, appearance);
+  content.setAttribute(Qt::WA_TranslucentBackground);
+  content.winId();
+  for (QScreen* screen : QGuiApplication::screens()) {
+    if (qRound(screen->devicePixelRatio() * 100) == scaleInPercent) {
+      content.windowHandle()->setScreen(screen);
+    }
+  }
+  content.setContent(view);
+  content.resize(content.sizeHint());
+  const QPixmap panel = content.grab();
+  QImage picture(panel.size(), QImage::Format_RGB32);
+  picture.fill(background);
+  QPainter painter(&picture);
+  painter.drawImage(picture.rect(), panel.toImage());
+  return picture;
+}
+
+struct Picture {
+  std::string state;
+  bool isDark;
+  int scaleInPercent;
+
+  std::string name() const {
+    return state + (isDark ? "-dark" : "-light") +
+           (scaleInPercent == 100 ? "" : "-" + std::to_string(scaleInPercent));
+  }
+};
+
+std::vector<Picture> pictures() {
+  std::vector<Picture> all;
+  for (const auto& [state, view] : panelStates()) {
+    for (const bool isDark : {false, true}) all.push_back({state, isDark, 100});
+  }
+  for (const int scale : {150, 200}) {
+    for (const bool isDark : {false, true}) all.push_back({"web-players", isDark, scale});
+  }
+  return all;
+}
+
+TEST(Pictures, AreTheKeptOnes) {
+  const std::map<std::string, View> states = panelStates();
+  PictureComparison comparison(TALMO_KEPT_PICTURES, TALMO_MADE_PICTURES);
+  for (const Picture& picture : pictures()) {
+    const QImage made = pictureOf(states.at(picture.state), picture.isDark, picture.scaleInPercent);
+    const std::string complaint = comparison.complaintAbout(picture.name(), made);
+    EXPECT_EQ(complaint, "") << "TALMO_KEEP_PICTURES=1 keeps what is made now";
+  }
+  EXPECT_EQ(comparison.keptButNotMade(), std::vector<std::string>());
+}
+
+}  // namespace
+}  // namespace talmo::test
