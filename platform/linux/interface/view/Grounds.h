@@ -13,7 +13,7 @@ namespace talmo {
 /// Paints what a stack of the role stands on; nothing for most.
 void paintGround(QPainter& painter, const QRectF& place, ViewRole role, const Palette& palette);
 
-/// Paints the light that a picture of that tint throws on a card's ground, from its left.
+/// Paints the light that a picture of that tint throws on a card's ground.
 void paintTint(QPainter& painter, const QRectF& place, QColor tint);
 
 }  // namespace talmo
