@@ -53,9 +53,8 @@ ButtonPart::ButtonPart(const View& view, const Look& look, QWidget* parent)
   setFocusPolicy(Qt::NoFocus);
   setSizePolicy(view.role == ViewRole::row ? QSizePolicy::Preferred : QSizePolicy::Fixed,
                 QSizePolicy::Fixed);
+  if (view.role == ViewRole::linkButton) setCursor(Qt::PointingHandCursor);
   connect(this, &QAbstractButton::clicked, this, [this] { press(); });
-  connect(this, &QAbstractButton::pressed, this, [this] { dim(); });
-  connect(this, &QAbstractButton::released, this, [this] { dim(); });
 }
 
 void ButtonPart::setView(const View& view) {
@@ -123,6 +122,9 @@ void ButtonPart::paintEvent(QPaintEvent*) {
       if (isHovered) ground = palette.hover;
   }
   QPainter painter(this);
+  if (role() == ViewRole::linkButton && isHovered) {
+    painter.fillRect(0, height() - 1, width(), 1, palette.accent);
+  }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ground);
@@ -145,10 +147,27 @@ void ButtonPart::leaveEvent(QEvent* event) {
   update();
 }
 
+void ButtonPart::mousePressEvent(QMouseEvent* event) {
+  QAbstractButton::mousePressEvent(event);
+  dim();
+}
+
+void ButtonPart::mouseMoveEvent(QMouseEvent* event) {
+  QAbstractButton::mouseMoveEvent(event);
+  dim();
+}
+
+void ButtonPart::mouseReleaseEvent(QMouseEvent* event) {
+  QAbstractButton::mouseReleaseEvent(event);
+  dim();
+}
+
 void ButtonPart::hideEvent(QHideEvent* event) {
   QAbstractButton::hideEvent(event);
   // Nothing leaves a window that is gone; it would still look hovered when it comes back.
   setAttribute(Qt::WA_UnderMouse, false);
+  setDown(false);
+  dim();
 }
 
 void ButtonPart::press() {
@@ -162,6 +181,7 @@ void ButtonPart::press() {
 }
 
 void ButtonPart::dim() {
+  if (isDown() == (graphicsEffect() != nullptr)) return;
   if (!isDown()) {
     setGraphicsEffect(nullptr);
     return;

@@ -33,10 +33,14 @@ class ButtonPart : public QAbstractButton, public Part {
   void paintEvent(QPaintEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
   void press();
+  /// Looks as pressed as it is.
   void dim();
 
   QHBoxLayout& layout_;

@@ -7,7 +7,7 @@ namespace talmo {
 /// The colours of a look. Translucent ones lie on those that are drawn below them.
 struct Palette {
   /// Of the light that a picture throws on the card it is in: its alpha.
-  static constexpr float strongestTint = 0.14F;
+  static constexpr float strongestTint = 0.12F;
 
   // Grounds, from the window's upwards.
   QColor glass;

@@ -93,7 +93,7 @@ struct State {
   bool isRoutingOff = false;
 };
 
-View panelOf(const State& state) {
+View panelOf(const State& state, const PanelActions& actions) {
   PanelViewModel model;
   std::vector<TargetApp> players;
   for (const std::string& id : state.players) {
@@ -116,7 +116,7 @@ View panelOf(const State& state) {
   model.keyboardHighlightedRowID.set(state.highlighted);
   model.isRoutingOff.set(state.isRoutingOff);
   const auto player = state.player ? TargetAppRegistry::app(*state.player) : std::nullopt;
-  return panelView(model, state.hero, player, state.sounding, {});
+  return panelView(model, state.hero, player, state.sounding, actions);
 }
 
 State playing(const std::string& title, const std::string& artist) {
@@ -181,7 +181,7 @@ std::map<std::string, State> states() {
 
 }  // namespace
 
-std::map<std::string, View> panelStates() {
+std::map<std::string, View> panelStates(const PanelActions& actions) {
   SimulatedDispatch dispatch;
   SimulatedApplications applications;
   PaintedWorkspace workspace(dispatch, applications);
@@ -190,7 +190,7 @@ std::map<std::string, View> panelStates() {
     applications.install({.bundleID = app.bundleID, .name = app.displayName});
   }
   std::map<std::string, View> views;
-  for (const auto& [name, state] : states()) views[name] = panelOf(state);
+  for (const auto& [name, state] : states()) views[name] = panelOf(state, actions);
   return views;
 }
 

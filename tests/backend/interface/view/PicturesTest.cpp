@@ -1,9 +1,11 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColor>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QScreen>
@@ -23,8 +25,19 @@
 namespace talmo::test {
 namespace {
 
+enum class Manner { plain, hovered, pressed };
+
+/// As if the mouse was there. Every button at once, so that one picture shows all.
+void touch(QAbstractButton& button, Manner manner) {
+  button.setAttribute(Qt::WA_UnderMouse);
+  if (manner != Manner::pressed) return;
+  QMouseEvent press(QEvent::MouseButtonPress, button.rect().center(),
+                    button.mapToGlobal(button.rect().center()), Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(&button, &press);
+}
+
 /// A panel as it looks over a window in the middle between black and white.
-QImage pictureOf(const View& view, bool isDark, int scaleInPercent) {
+QImage pictureOf(const View& view, Manner manner, bool isDark, int scaleInPercent) {
   const LinuxBundle bundle(TALMO_BUNDLE_FOLDER);
   const Vectors vectors(bundle);
   const QColor background = isDark ? QColor(52, 54, 62) : QColor(222, 224, 232);
@@ -40,6 +53,11 @@ QImage pictureOf(const View& view, bool isDark, int scaleInPercent) {
   }
   content.setContent(view);
   content.resize(content.sizeHint());
+  if (manner != Manner::plain) {
+    for (QAbstractButton* button : content.findChildren<QAbstractButton*>()) {
+      touch(*button, manner);
+    }
+  }
   const QPixmap panel = content.grab();
   QImage picture(panel.size(), QImage::Format_RGB32);
   picture.fill(background);
@@ -50,11 +68,15 @@ QImage pictureOf(const View& view, bool isDark, int scaleInPercent) {
 
 struct Picture {
   std::string state;
+  Manner manner;
   bool isDark;
   int scaleInPercent;
 
   std::string name() const {
-    return state + (isDark ? "-dark" : "-light") +
+    const char* const suffix = manner == Manner::hovered   ? "-hovered"
+                               : manner == Manner::pressed ? "-pressed"
+                                                           : "";
+    return state + suffix + (isDark ? "-dark" : "-light") +
            (scaleInPercent == 100 ? "" : "-" + std::to_string(scaleInPercent));
   }
 };
@@ -62,10 +84,13 @@ struct Picture {
 std::vector<Picture> pictures() {
   std::vector<Picture> all;
   for (const auto& [state, view] : panelStates()) {
-    for (const bool isDark : {false, true}) all.push_back({state, isDark, 100});
+    for (const bool isDark : {false, true}) all.push_back({state, Manner::plain, isDark, 100});
   }
-  for (const int scale : {150, 200}) {
-    for (const bool isDark : {false, true}) all.push_back({"web-players", isDark, scale});
+  for (const bool isDark : {false, true}) {
+    all.push_back({"all-at-once", Manner::hovered, isDark, 100});
+    all.push_back({"all-at-once", Manner::pressed, isDark, 100});
+    all.push_back({"web-players", Manner::plain, isDark, 150});
+    all.push_back({"web-players", Manner::plain, isDark, 200});
   }
   return all;
 }
@@ -74,7 +99,8 @@ TEST(Pictures, AreTheKeptOnes) {
   const std::map<std::string, View> states = panelStates();
   PictureComparison comparison(TALMO_KEPT_PICTURES, TALMO_MADE_PICTURES);
   for (const Picture& picture : pictures()) {
-    const QImage made = pictureOf(states.at(picture.state), picture.isDark, picture.scaleInPercent);
+    const QImage made =
+        pictureOf(states.at(picture.state), picture.manner, picture.isDark, picture.scaleInPercent);
     const std::string complaint = comparison.complaintAbout(picture.name(), made);
     EXPECT_EQ(complaint, "") << "TALMO_KEEP_PICTURES=1 keeps what is made now";
   }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <fstream>
+#include <QByteArray>
 #include <QFont>
 #include <QFontInfo>
 #include <QStyleFactory>
@@ -41,6 +42,8 @@ void ViewApplication::SetUp() {
   platform = "offscreen:configfile=" + file;
   static std::array<char*, 4> arguments{program.data(), option.data(), platform.data(), nullptr};
   static int count = 3;
+  bus_ = std::make_unique<PrivateBus>();
+  qputenv("DBUS_SESSION_BUS_ADDRESS", QByteArray::fromStdString(bus_->address()));
   application_ = std::make_unique<QApplication>(count, arguments.data());
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QFont font(QStringLiteral("Inter"));
@@ -52,6 +55,7 @@ void ViewApplication::SetUp() {
 
 void ViewApplication::TearDown() {
   application_.reset();
+  bus_.reset();
 }
 
 }  // namespace talmo::test
