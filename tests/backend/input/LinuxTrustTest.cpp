@@ -6,6 +6,7 @@
 #include <string>
 #include <sys/socket.h>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -146,10 +147,14 @@ TEST_F(LinuxTrust, AskingDisturbsNoTyping) {
       ++questions;
     }
   });
+  std::vector<std::pair<std::string, std::uint8_t>> keys;
+  for (const char* key : {"XF86AudioPlay", "a", "XF86AudioNext", "b", "XF86AudioPrev"}) {
+    keys.emplace_back(key, keycode(key));
+  }
   std::string typed;
-  for (int round = 0; round < 60 || questions < 20; ++round) {
-    for (const char* key : {"XF86AudioPlay", "a", "XF86AudioNext", "b", "XF86AudioPrev"}) {
-      desk.keyboard.tap(key);
+  while (questions < 50) {
+    for (const auto& [key, code] : keys) {
+      desk.keyboard.tap(code);
       typed += std::string(typed.empty() ? "+" : " +") + key + " -" + key;
     }
   }
