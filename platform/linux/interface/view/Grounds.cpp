@@ -26,6 +26,8 @@ void paintBox(QPainter& painter, const QRectF& place, qreal radius, const QColor
                           radius - inset);
 }
 
+}  // namespace
+
 void paintGlass(QPainter& painter, const QRectF& place, const Palette& palette) {
   paintBox(painter, place, Metrics::glassRadius, palette.glass, palette.glassBorder);
   // Light falls on the upper edge and is gone where the corners end.
@@ -42,13 +44,8 @@ void paintGlass(QPainter& painter, const QRectF& place, const Palette& palette) 
                           Metrics::glassRadius - inset, Metrics::glassRadius - inset);
 }
 
-}  // namespace
-
 void paintGround(QPainter& painter, const QRectF& place, ViewRole role, const Palette& palette) {
   switch (role) {
-    case ViewRole::glass:
-      paintGlass(painter, place, palette);
-      break;
     case ViewRole::card:
     case ViewRole::offer:
       paintBox(painter, place, Metrics::cardRadius, palette.card, palette.cardBorder);
