@@ -19,8 +19,15 @@ constexpr auto pollInterval = 20ms;
 /// For how long nothing may have changed in a picture that has settled.
 constexpr auto stillness = 300ms;
 
+/// The types that the toolkit gives to windows that no window manager is to touch: the one in the
+/// tray has one more than a menu.
+bool isInTray(const ScreenWindows::Window& window) {
+  return !window.isManaged && window.isOfType("_KDE_NET_WM_WINDOW_TYPE_OVERRIDE");
+}
+
 bool isMenu(const ScreenWindows::Window& window) {
-  return window.isOfType("_NET_WM_WINDOW_TYPE_POPUP_MENU");
+  return !window.isManaged &&
+         window.types == std::vector<std::string>{"_NET_WM_WINDOW_TYPE_NORMAL"};
 }
 
 }  // namespace
@@ -29,9 +36,9 @@ PanelTest::PanelTest()
     : mouse_(desktop_.displayName()),
       windows_(desktop_.displayName()),
       player_(desktop_, "audacious"),
-      otherPlayer_(desktop_, "vlc") {
+      otherPlayer_(desktop_, "strawberry") {
   install("audacious", FakePlayerProcess::command("audacious"));
-  install("vlc", FakePlayerProcess::command("vlc"));
+  install("strawberry", FakePlayerProcess::command("strawberry"));
 }
 
 void PanelTest::startWithTray(const std::optional<std::string>& selection) {
@@ -43,9 +50,7 @@ void PanelTest::startWithTray(const std::optional<std::string>& selection) {
 
 std::optional<PixelArea> PanelTest::icon() {
   for (const ScreenWindows::Window& window : windows_.of(talmo_->process().pid())) {
-    if (!window.isManaged && window.area.height > 1 && !isMenu(window)) {
-      return window.area;
-    }
+    if (isInTray(window) && window.area.height > 1) return window.area;
   }
   return std::nullopt;
 }

@@ -29,11 +29,26 @@ std::uint32_t ScreenWindows::active() {
   return active.empty() ? 0 : active.front();
 }
 
+bool ScreenWindows::hasCompositor() {
+  return connection_->selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE;
+}
+
 PixelArea ScreenWindows::screen() const {
   const XReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(
       connection_->get(), xcb_get_geometry(connection_->get(), connection_->root()), nullptr));
   if (!geometry) return {};
   return {.width = geometry->width, .height = geometry->height};
+}
+
+std::optional<PixelArea> ScreenWindows::area(std::uint32_t window) const {
+  xcb_connection_t* const server = connection_->get();
+  const XReply<xcb_get_geometry_reply_t> geometry(
+      xcb_get_geometry_reply(server, xcb_get_geometry(server, window), nullptr));
+  const XReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
+      server, xcb_translate_coordinates(server, window, connection_->root(), 0, 0), nullptr));
+  if (!geometry || !place) return std::nullopt;
+  return PixelArea{
+      .x = place->dst_x, .y = place->dst_y, .width = geometry->width, .height = geometry->height};
 }
 
 void ScreenWindows::collect(std::uint32_t parent, pid_t process, std::vector<Window>& found) {
@@ -52,23 +67,16 @@ void ScreenWindows::collect(std::uint32_t parent, pid_t process, std::vector<Win
 std::optional<ScreenWindows::Window> ScreenWindows::describe(std::uint32_t window, pid_t process) {
   const std::vector<std::uint32_t> owner = connection_->cardinals(window, "_NET_WM_PID");
   if (owner.empty() || static_cast<pid_t>(owner.front()) != process) return std::nullopt;
-  xcb_connection_t* const server = connection_->get();
-  const XReply<xcb_get_geometry_reply_t> geometry(
-      xcb_get_geometry_reply(server, xcb_get_geometry(server, window), nullptr));
-  const XReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
-      server, xcb_translate_coordinates(server, window, connection_->root(), 0, 0), nullptr));
-  if (!geometry || !place) return std::nullopt;
+  const std::optional<PixelArea> place = area(window);
+  if (!place) return std::nullopt;
   const std::vector<std::string> title = connection_->texts(window, "_NET_WM_NAME");
   Window described{.id = window,
-                   .area = {.x = place->dst_x,
-                            .y = place->dst_y,
-                            .width = geometry->width,
-                            .height = geometry->height},
+                   .area = *place,
                    .title = title.empty() ? "" : title.front(),
                    .isManaged = connection_->hasProperty(window, "WM_STATE")};
   for (const xcb_atom_t type : connection_->atoms(window, "_NET_WM_WINDOW_TYPE")) {
-    const XReply<xcb_get_atom_name_reply_t> name(
-        xcb_get_atom_name_reply(server, xcb_get_atom_name(server, type), nullptr));
+    const XReply<xcb_get_atom_name_reply_t> name(xcb_get_atom_name_reply(
+        connection_->get(), xcb_get_atom_name(connection_->get(), type), nullptr));
     if (!name) continue;
     described.types.emplace_back(
         xcb_get_atom_name_name(name.get()),

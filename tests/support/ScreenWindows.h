@@ -36,6 +36,12 @@ class ScreenWindows {
   /// The window in front as the window manager says; 0 when there is none.
   std::uint32_t active();
 
+  /// Where a window is; nothing when there is none of that number.
+  std::optional<PixelArea> area(std::uint32_t window) const;
+
+  /// Whether somebody blends translucent windows.
+  bool hasCompositor();
+
   /// The size of all screens together.
   PixelArea screen() const;
 
