@@ -16,7 +16,13 @@ TEST(PrivateDesktop, EndsWhatItsProgramsHaveStarted) {
     const auto parent =
         desktop.start({"sh", "-c", "trap '' TERM; sleep 1000 & printf '%s' $!; exec true"});
     ASSERT_EQ(parent->waitForExit(std::chrono::seconds(10)), 0);
-    const std::vector<pid_t> found = desktop.processes("sleep");
+    // It bears its name from when it has become the program, which may be later than its parent's
+    // end.
+    std::vector<pid_t> found;
+    ASSERT_TRUE(waitUntil([&] {
+      found = desktop.processes("sleep");
+      return !found.empty();
+    }));
     ASSERT_EQ(found.size(), 1U);
     orphan = found[0];
     EXPECT_EQ(parent->output(), std::to_string(orphan));

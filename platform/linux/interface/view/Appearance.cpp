@@ -60,7 +60,9 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event) {
 
 void Appearance::settingChanged(const QString& changedGroup, const QString& changedKey,
                                 const QDBusVariant& value) {
-  if (changedGroup == group && changedKey == key) believe(preferenceIn(value.variant()));
+  if (changedGroup != group || changedKey != key) return;
+  ++changesTold_;
+  believe(preferenceIn(value.variant()));
 }
 
 void Appearance::ask() {
@@ -69,8 +71,10 @@ void Appearance::ask() {
   call << group << key;
   call.setAutoStartService(false);
   auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, told = changesTold_] {
     answer->deleteLater();
+    // Qt tells of an answer later than of a signal that the portal sent after it.
+    if (changesTold_ != told) return;
     const QDBusPendingReply<QDBusVariant> reply = *answer;
     if (!reply.isError()) believe(preferenceIn(reply.value().variant()));
   });

@@ -32,6 +32,8 @@ class Appearance : public QObject {
 
   /// What the portal says.
   std::optional<bool> prefersDark_;
+  /// How often it has told of a change.
+  int changesTold_ = 0;
   bool isDark_ = false;
 };
 
