@@ -25,6 +25,9 @@ class PanelTimesTest : public testing::TestWithParam<std::uint64_t> {
     browsers_.launch("com.apple.Safari", "Safari");
     machine().applications().install({"org.videolan.vlc", "VLC"});
     machine().applications().launch("org.videolan.vlc");
+    machine().applications().install({"com.spotify.client", "Spotify"});
+    machine().applications().launch("com.spotify.client");
+    machine().userDefaults().setString("selectedTargetAppID", "vlc");
     coordinator_->start();
     // The permission polls for as long as the program runs.
     time().run(1min);
@@ -86,6 +89,24 @@ TEST_P(PanelTimesTest, AnOpenPanelIsRenderedOnlyWhenSomethingHasChanged) {
   const int contents = panel().contentChanges();
   time().run(10min);
   EXPECT_EQ(panel().contentChanges(), contents);
+}
+
+TEST_P(PanelTimesTest, AChosenPlayersTrackIsThereAtOnce) {
+  item().leftClick();
+  time().run(3100ms);
+  machine().childProcesses().write(
+      "stream",
+      R"({"payload":{"bundleIdentifier":"com.spotify.client","playing":true,"title":"Song","artist":"Artist"}})"
+      "\n");
+  time().runUntilIdle();
+  const auto title = [this] { return texts(*part(panel().content(), {"now-playing"})).front(); };
+  EXPECT_EQ(title(), "VLC");
+  panel().click(*part(panel().content(), {"players", "spotify"}));
+  time().runUntilIdle();
+  EXPECT_EQ(title(), "Song");
+  panel().click(*part(panel().content(), {"players", "vlc"}));
+  time().runUntilIdle();
+  EXPECT_EQ(title(), "VLC");
 }
 
 TEST_P(PanelTimesTest, TabsOfLongAgoAreNotListedBeforeTheyAreSeenAgain) {
