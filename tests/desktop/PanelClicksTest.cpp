@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/desktop/PanelTest.h"
+#include "tests/desktop/SilentPanelTest.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -16,7 +16,7 @@ using ::testing::AnyOf;
 using ::testing::ElementsAre;
 
 /// What the mouse does with the icon and the panel.
-class PanelClicks : public PanelTest {};
+class PanelClicks : public SilentPanelTest {};
 
 TEST_F(PanelClicks, OpenThePanelUnderTheIconAndCloseItOnce) {
   startWithTray("audacious");

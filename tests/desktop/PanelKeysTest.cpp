@@ -3,14 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/desktop/PanelTest.h"
+#include "tests/desktop/SilentPanelTest.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
 namespace {
 
 /// What the keyboard does with the open panel.
-class PanelKeys : public PanelTest {
+class PanelKeys : public SilentPanelTest {
  protected:
   void tapWithControl(const std::string& keysym) {
     keys_.press("Control_L");

@@ -1,13 +1,13 @@
 #include <chrono>
 #include <filesystem>
-#include <fstream>
+#include <map>
 #include <memory>
 #include <signal.h>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "tests/desktop/PanelTest.h"
+#include "tests/desktop/SilentPanelTest.h"
 #include "tests/support/TestProcess.h"
 #include "tests/support/WaitUntil.h"
 
@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// How the panel comes and goes with what is around it.
-class PanelLife : public PanelTest {
+class PanelLife : public SilentPanelTest {
  protected:
   /// Starts a second Talmo; whether it ended in order.
   bool startAgain() {
@@ -54,6 +54,30 @@ TEST_F(PanelLife, OpensWhenTalmoIsStartedAgain) {
   // The one and only still routes.
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(player_.waitForCommands(1)) << talmo_->log();
+}
+
+TEST_F(PanelLife, IsTheSuccessorsWhenTheFirstTalmoHasGone) {
+  startWithTray("audacious");
+  std::map<std::string, std::string> environment = desktop_.environment();
+  environment["TALMO_SUCCESSOR"] = "1";
+  TestProcess successor({.arguments = {TALMO_PROGRAM}, .environment = environment});
+  // It is there, has nobody show anything, and waits.
+  ASSERT_TRUE(waitUntil([&] { return desktop_.processes("talmo").size() == 2; }));
+  keys_.tap("XF86AudioNext");
+  EXPECT_TRUE(player_.waitForCommands(1)) << talmo_->log();
+  EXPECT_EQ(windowAfterTyping(), "+z -z");
+  EXPECT_FALSE(panel());
+  EXPECT_TRUE(successor.isRunning());
+
+  talmo_->process().signal(SIGTERM);
+  EXPECT_EQ(talmo_->process().waitForExit(20s), 0) << talmo_->log();
+  ASSERT_TRUE(waitUntil(
+      [&] { return successor.output().find("Event tap running") != std::string::npos; }, 20s))
+      << successor.output();
+  keys_.tap("XF86AudioPrev");
+  EXPECT_TRUE(player_.waitForCommands(2)) << successor.output();
+  EXPECT_TRUE(startAgain());
+  EXPECT_TRUE(waitUntil([&] { return windows_.of(successor.pid()).size() > 1; }, 20s));
 }
 
 TEST_F(PanelLife, OpensAtTheUpperRightWhereThereIsNoTray) {

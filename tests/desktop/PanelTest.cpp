@@ -32,14 +32,7 @@ bool isMenu(const ScreenWindows::Window& window) {
 
 }  // namespace
 
-PanelTest::PanelTest()
-    : mouse_(desktop_.displayName()),
-      windows_(desktop_.displayName()),
-      player_(desktop_, "audacious"),
-      otherPlayer_(desktop_, "strawberry") {
-  install("audacious", FakePlayerProcess::command("audacious"));
-  install("strawberry", FakePlayerProcess::command("strawberry"));
-}
+PanelTest::PanelTest() : mouse_(desktop_.displayName()), windows_(desktop_.displayName()) {}
 
 void PanelTest::startWithTray(const std::optional<std::string>& selection) {
   tray_.emplace(desktop_);

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "tests/desktop/DesktopTest.h"
-#include "tests/support/FakePlayerProcess.h"
 #include "tests/support/MousePresser.h"
 #include "tests/support/PixelArea.h"
 #include "tests/support/PrivateTray.h"
@@ -13,8 +12,7 @@
 
 namespace talmo::test {
 
-/// Talmo and its panel, on a desktop with two players, which are installed and run. Neither
-/// makes a sound, so nothing on the panel moves by itself.
+/// Talmo and its panel.
 class PanelTest : public DesktopTest {
  protected:
   PanelTest();
@@ -51,8 +49,6 @@ class PanelTest : public DesktopTest {
   std::optional<PrivateTray> tray_;
   MousePresser mouse_;
   ScreenWindows windows_;
-  FakePlayerProcess player_;
-  FakePlayerProcess otherPlayer_;
 };
 
 }  // namespace talmo::test

@@ -1,6 +1,7 @@
 #include "tests/support/ScreenPicture.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <stdexcept>
@@ -42,6 +43,18 @@ ScreenPicture ScreenPicture::take(const std::string& display, const PixelArea& a
 
 std::uint32_t ScreenPicture::at(int x, int y) const {
   return pixels_.at(static_cast<std::size_t>((y - area_.y) * area_.width + x - area_.x));
+}
+
+std::size_t ScreenPicture::count(std::uint32_t colour) const {
+  constexpr int mostDifference = 8;
+  return static_cast<std::size_t>(std::ranges::count_if(pixels_, [colour](std::uint32_t pixel) {
+    for (const unsigned shift : {0U, 8U, 16U}) {
+      const int difference =
+          static_cast<int>((pixel >> shift) & 0xFF) - static_cast<int>((colour >> shift) & 0xFF);
+      if (std::abs(difference) > mostDifference) return false;
+    }
+    return true;
+  }));
 }
 
 std::optional<PixelArea> ScreenPicture::difference(const ScreenPicture& other) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -19,6 +20,9 @@ class ScreenPicture {
 
   /// The colour at a place of the screen, as 0xRRGGBB.
   std::uint32_t at(int x, int y) const;
+
+  /// How many pixels have that colour, or one that can hardly be told from it.
+  std::size_t count(std::uint32_t colour) const;
 
   /// The smallest part of the screen outside which two pictures of the same area are equal; nothing
   /// when they are equal.
