@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/Preferences.h"
+#include "app/UpdaterController.h"
 #include "platform/Platform.h"
 #include "players/ControllerFactory.h"
 #include "players/TargetAppRegistry.h"
@@ -62,6 +63,8 @@ void AppCoordinator::start() {
   statusItemController_->setPermissionWarning(!permission_->isTrusted() || !tap_->isRunning());
   refreshPanel();
   updateActiveController();
+  // It is made here, so that it looks for updates from the start.
+  UpdaterController::shared();
 }
 
 void AppCoordinator::connectInterface() {

@@ -14,16 +14,20 @@ struct State {
   std::map<std::string, std::optional<Image>> icons;
 };
 
+State& state() {
+  return platform().states().of<State>();
+}
+
 }  // namespace
 
 std::optional<Image> AppIconCache::icon(const std::string& bundleID) {
-  State& state = platform().states().of<State>();
-  const auto cached = state.icons.find(bundleID);
-  if (cached != state.icons.end()) return cached->second;
+  auto& icons = state().icons;
+  const auto cached = icons.find(bundleID);
+  if (cached != icons.end()) return cached->second;
   const Workspace& workspace = platform().workspace();
   const std::optional<std::string> url = workspace.urlForApplication(bundleID);
   if (!url) return std::nullopt;
-  return state.icons.emplace(bundleID, workspace.icon(*url, pixels)).first->second;
+  return icons.emplace(bundleID, workspace.icon(*url, pixels)).first->second;
 }
 
 }  // namespace talmo

@@ -5,7 +5,8 @@
 
 namespace talmo {
 
-/// The files that the program is delivered with. Any thread; what is not there is absent.
+/// The files that the program is delivered with, and what it says of itself. Any thread; what is
+/// not there is absent.
 class Bundle {
  public:
   virtual ~Bundle() = default;
@@ -22,6 +23,9 @@ class Bundle {
 
   /// The absolute path of the folder of the frameworks that belong to the program alone.
   virtual std::optional<std::string> privateFrameworksPath() const = 0;
+
+  /// The text under a key of the bundle's information dictionary.
+  virtual std::optional<std::string> objectForInfoDictionaryKey(const std::string& key) const = 0;
 
   /// Whether there is a file or folder of that path.
   virtual bool fileExists(const std::string& path) const = 0;

@@ -13,10 +13,12 @@
 #include "platform/ImageDecoder.h"
 #include "platform/KeyEvents.h"
 #include "platform/Log.h"
+#include "platform/LoginItem.h"
 #include "platform/MediaRemote.h"
 #include "platform/Network.h"
 #include "platform/Notifications.h"
 #include "platform/Panels.h"
+#include "platform/SoftwareUpdate.h"
 #include "platform/StatusBar.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -46,10 +48,12 @@ class Platform {
   virtual ImageDecoder& imageDecoder() = 0;
   virtual KeyEvents& keyEvents() = 0;
   virtual Log& log() = 0;
+  virtual LoginItem& loginItem() = 0;
   virtual MediaRemote& mediaRemote() = 0;
   virtual Network& network() = 0;
   virtual Notifications& notifications() = 0;
   virtual Panels& panels() = 0;
+  virtual SoftwareUpdate& softwareUpdate() = 0;
   virtual StatusBar& statusBar() = 0;
   virtual UserDefaults& userDefaults() = 0;
   virtual Workspace& workspace() = 0;

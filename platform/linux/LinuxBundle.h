@@ -21,6 +21,10 @@ class LinuxBundle : public Bundle {
   std::optional<std::string> resourcePath(const std::string& name,
                                           const std::string& extension) const override;
   std::optional<std::string> privateFrameworksPath() const override;
+  /// None: a program on Linux has no such dictionary.
+  std::optional<std::string> objectForInfoDictionaryKey(const std::string&) const override {
+    return std::nullopt;
+  }
   bool fileExists(const std::string& path) const override;
 
   static std::filesystem::path folderOfTheProgram();

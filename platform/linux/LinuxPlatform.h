@@ -13,7 +13,9 @@
 #include "platform/linux/input/LinuxKeyEvents.h"
 #include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/LinuxBundle.h"
+#include "platform/linux/LinuxSoftwareUpdate.h"
 #include "platform/linux/log/LinuxLog.h"
+#include "platform/linux/login/LinuxLoginItem.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
 #include "platform/linux/network/LinuxNetwork.h"
 #include "platform/linux/processes/LinuxChildProcesses.h"
@@ -48,10 +50,12 @@ class LinuxPlatform : public Platform {
   LinuxImageDecoder& imageDecoder() override { return imageDecoder_; }
   LinuxKeyEvents& keyEvents() override { return keyEvents_; }
   LinuxLog& log() override { return log_; }
+  LinuxLoginItem& loginItem() override { return loginItem_; }
   LinuxMediaRemote& mediaRemote() override { return mediaRemote_; }
   LinuxNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
   Panels& panels() override;
+  LinuxSoftwareUpdate& softwareUpdate() override { return softwareUpdate_; }
   StatusBar& statusBar() override;
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
   LinuxWorkspace& workspace() override { return workspace_; }
@@ -63,6 +67,8 @@ class LinuxPlatform : public Platform {
   LinuxChildProcesses childProcesses_;
   LinuxDispatch dispatch_;
   LinuxOwnApplication application_;
+  LinuxLoginItem loginItem_;
+  LinuxSoftwareUpdate softwareUpdate_;
   LinuxUserDefaults userDefaults_;
   // This program is the only one that posts to it.
   MainQueueNotifications distributedNotifications_;

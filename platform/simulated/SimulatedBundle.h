@@ -40,6 +40,12 @@ class SimulatedBundle : public Bundle {
     const MutexLock lock(mutex_);
     return frameworks_;
   }
+  std::optional<std::string> objectForInfoDictionaryKey(const std::string& key) const override {
+    const MutexLock lock(mutex_);
+    const auto found = info_.find(key);
+    if (found == info_.end()) return std::nullopt;
+    return found->second;
+  }
   bool fileExists(const std::string& path) const override {
     const MutexLock lock(mutex_);
     return files_.contains(path);
@@ -59,6 +65,11 @@ class SimulatedBundle : public Bundle {
       resources_.erase(file);
     }
   }
+  /// Sets a text in the information dictionary, which is empty at first.
+  void setInfo(const std::string& key, const std::string& value) {
+    const MutexLock lock(mutex_);
+    info_[key] = value;
+  }
   void setPrivateFrameworksPath(std::optional<std::string> path) {
     const MutexLock lock(mutex_);
     frameworks_ = std::move(path);
@@ -77,6 +88,7 @@ class SimulatedBundle : public Bundle {
   std::optional<std::string> identifier_ TALMO_GUARDED_BY(mutex_) = "nl.brelm.Talmo";
   std::map<std::string, std::string> resources_ TALMO_GUARDED_BY(mutex_){
       {"mediaremote-adapter.pl", adapterScript}};
+  std::map<std::string, std::string> info_ TALMO_GUARDED_BY(mutex_);
   std::optional<std::string> frameworks_ TALMO_GUARDED_BY(mutex_) = frameworks;
   std::set<std::string> files_ TALMO_GUARDED_BY(mutex_){adapterScript, frameworks,
                                                         adapterFramework};

@@ -17,9 +17,11 @@
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedKeyEvents.h"
 #include "platform/simulated/SimulatedLog.h"
+#include "platform/simulated/SimulatedLoginItem.h"
 #include "platform/simulated/SimulatedMediaRemote.h"
 #include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedPanels.h"
+#include "platform/simulated/SimulatedSoftwareUpdate.h"
 #include "platform/simulated/SimulatedStatusBar.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
@@ -66,10 +68,12 @@ class SimulatedPlatform : public Platform {
   SimulatedImageDecoder& imageDecoder() override { return imageDecoder_; }
   SimulatedKeyEvents& keyEvents() override { return keyEvents_; }
   SimulatedLog& log() override { return log_; }
+  SimulatedLoginItem& loginItem() override { return loginItem_; }
   SimulatedMediaRemote& mediaRemote() override { return mediaRemote_; }
   SimulatedNetwork& network() override { return network_; }
   MainQueueNotifications& notifications() override { return notifications_; }
   SimulatedPanels& panels() override { return panels_; }
+  SimulatedSoftwareUpdate& softwareUpdate() override { return softwareUpdate_; }
   SimulatedStatusBar& statusBar() override { return statusBar_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
@@ -94,10 +98,12 @@ class SimulatedPlatform : public Platform {
   SimulatedEventTap eventTap_{*dispatch_};
   SimulatedImageDecoder imageDecoder_;
   SimulatedKeyEvents keyEvents_{applications_};
+  SimulatedLoginItem loginItem_;
   SimulatedNetwork network_{*dispatch_};
   SimulatedPanels panels_{application_, eventMonitors_};
+  SimulatedSoftwareUpdate softwareUpdate_;
   SimulatedStatusBar statusBar_{application_, eventMonitors_};
-  SimulatedWorkspace workspace_{*dispatch_, applications_};
+  SimulatedWorkspace workspace_{applications_, *dispatch_};
   MainQueueNotifications notifications_{*dispatch_};
   MainQueueNotifications distributedNotifications_{*dispatch_};
   MainQueueNotifications workspaceNotifications_{*dispatch_};

@@ -17,8 +17,8 @@ namespace talmo {
 /// The workspace of the simulated machine. An application that is opened runs at once. Any thread.
 class SimulatedWorkspace : public Workspace {
  public:
-  SimulatedWorkspace(Dispatch& dispatch, SimulatedApplications& applications)
-      : dispatch_(dispatch), applications_(applications) {}
+  SimulatedWorkspace(SimulatedApplications& applications, Dispatch& dispatch)
+      : applications_(applications), dispatch_(dispatch) {}
 
   std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
   std::vector<RunningApplication> runningApplications(const std::string& bundleID) const override;
@@ -52,8 +52,8 @@ class SimulatedWorkspace : public Workspace {
   std::vector<std::string> iconsAskedFor() const;
 
  private:
-  Dispatch& dispatch_;
   SimulatedApplications& applications_;
+  Dispatch& dispatch_;
   mutable Mutex mutex_;
   std::vector<LocalPlayer> localPlayers_ TALMO_GUARDED_BY(mutex_);
   Duration lastUseDuration_ TALMO_GUARDED_BY(mutex_) = Duration::zero();

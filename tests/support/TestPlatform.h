@@ -26,10 +26,12 @@ class TestPlatform : public Platform {
     EventTap* eventTap = nullptr;
     ImageDecoder* imageDecoder = nullptr;
     KeyEvents* keyEvents = nullptr;
+    LoginItem* loginItem = nullptr;
     MediaRemote* mediaRemote = nullptr;
     Network* network = nullptr;
     Notifications* notifications = nullptr;
     Panels* panels = nullptr;
+    SoftwareUpdate* softwareUpdate = nullptr;
     StatusBar* statusBar = nullptr;
     UserDefaults* userDefaults = nullptr;
     Workspace* workspace = nullptr;
@@ -61,10 +63,14 @@ class TestPlatform : public Platform {
   }
   KeyEvents& keyEvents() override { return lent(services_.keyEvents, "key events"); }
   SimulatedLog& log() override { return log_; }
+  LoginItem& loginItem() override { return lent(services_.loginItem, "the login item"); }
   MediaRemote& mediaRemote() override { return lent(services_.mediaRemote, "media remote"); }
   Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
   Panels& panels() override { return lent(services_.panels, "panels"); }
+  SoftwareUpdate& softwareUpdate() override {
+    return lent(services_.softwareUpdate, "software update");
+  }
   StatusBar& statusBar() override { return lent(services_.statusBar, "the status bar"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }

@@ -13,6 +13,8 @@ struct GlibRelease {
   void operator()(char** list) const { g_strfreev(list); }
   void operator()(GError* error) const { g_error_free(error); }
   void operator()(GBookmarkFile* file) const { g_bookmark_file_free(file); }
+  void operator()(GKeyFile* file) const { g_key_file_unref(file); }
+  void operator()(GMarkupParseContext* context) const { g_markup_parse_context_unref(context); }
 };
 
 struct GObjectRelease {

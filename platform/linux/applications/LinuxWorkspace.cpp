@@ -13,6 +13,7 @@
 #include "platform/linux/applications/MprisNames.h"
 #include "platform/linux/applications/ProcessTable.h"
 #include "platform/linux/applications/RecentlyUsed.h"
+#include "platform/linux/applications/ShellUsage.h"
 #include "platform/linux/images/ThemedIcon.h"
 #include "support/Logger.h"
 
@@ -154,12 +155,15 @@ std::optional<std::string> LinuxWorkspace::frontmostApplication() const {
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {
-  dispatch_.globalQueue(QualityOfService::userInitiated).async([url] {
+  const Date now = dispatch_.now();
+  dispatch_.globalQueue(QualityOfService::userInitiated).async([url, now, opened = opened_] {
     const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
     if (!entry) {
       log.notice("no application at %{public}s", url);
     } else if (const std::optional<std::string> error = launchDesktopEntry(*entry, {})) {
       log.notice("opening %{public}s failed: %{public}s", url, *error);
+    } else {
+      opened->remember(entry->id(), now);
     }
   });
 }
@@ -191,7 +195,9 @@ void LinuxWorkspace::openURL(const std::string& url) {
 std::optional<Date> LinuxWorkspace::lastUsedDate(const std::string& url) const {
   const std::optional<DesktopEntry> entry = DesktopEntry::atURL(url);
   if (!entry) return std::nullopt;
-  return lastUse(*entry);
+  // An absent date is less than every other.
+  return std::max(
+      {lastUseOfAFile(*entry), lastTimeInFront(*entry), opened_->lastOpened(entry->id())});
 }
 
 std::optional<Image> LinuxWorkspace::icon(const std::string& url, int pixels) const {

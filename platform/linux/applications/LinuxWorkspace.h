@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Dispatch.h"
+#include "platform/linux/applications/OpenedApplications.h"
 #include "platform/Workspace.h"
 
 namespace talmo {
@@ -31,6 +33,7 @@ class LinuxWorkspace : public Workspace {
   /// For an application that is not in the table, the id of its desktop entry.
   std::optional<std::string> frontmostApplication() const override;
 
+  /// Remembers when, for `lastUsedDate`.
   void openApplication(const std::string& url) override;
   /// Of a desktop entry, or of the program at a file URL.
   void openNewInstance(
@@ -38,7 +41,8 @@ class LinuxWorkspace : public Workspace {
       std::function<void(const std::optional<std::string>& error)> completion) override;
   void openURL(const std::string& url) override;
 
-  /// From the desktop's list of recently used files.
+  /// The latest of the application's use of a file, its time in front, as far as the desktop keeps
+  /// such records, and its being opened by this program.
   std::optional<Date> lastUsedDate(const std::string& url) const override;
 
   /// From the desktop's icon theme. Nothing without the toolkit.
@@ -48,6 +52,9 @@ class LinuxWorkspace : public Workspace {
 
  private:
   Dispatch& dispatch_;
+  // Shared with what is being opened.
+  const std::shared_ptr<OpenedApplications> opened_ =
+      std::make_shared<OpenedApplications>(OpenedApplications::standardFile());
 };
 
 }  // namespace talmo

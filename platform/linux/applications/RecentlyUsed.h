@@ -10,6 +10,6 @@ namespace talmo {
 /// When the application last put a file on the desktop's list of recently used files
 /// (recently-used.xbel in the person's data folder; freedesktop.org's desktop bookmark format).
 /// Nothing when it never did or there is no readable list. Reads the file; any thread.
-std::optional<Date> lastUse(const DesktopEntry& entry);
+std::optional<Date> lastUseOfAFile(const DesktopEntry& entry);
 
 }  // namespace talmo

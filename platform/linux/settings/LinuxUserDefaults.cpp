@@ -1,11 +1,9 @@
 #include "platform/linux/settings/LinuxUserDefaults.h"
 
-#include <cstdlib>
 #include <utility>
 
-#include <glib.h>
-
-#include "platform/linux/settings/SettingsFile.h"
+#include "platform/linux/files/BaseFolders.h"
+#include "platform/linux/files/WholeFile.h"
 #include "support/Logger.h"
 #include "support/MutexLock.h"
 
@@ -36,10 +34,7 @@ std::optional<nlohmann::ordered_json> parseObject(const std::string& text) {
 LinuxUserDefaults::LinuxUserDefaults(std::filesystem::path file) : file_(std::move(file)) {}
 
 std::filesystem::path LinuxUserDefaults::standardFile() {
-  const char* const configHome = std::getenv("XDG_CONFIG_HOME");
-  std::filesystem::path folder = configHome != nullptr ? configHome : "";
-  if (!folder.is_absolute()) folder = std::filesystem::path(::g_get_home_dir()) / ".config";
-  return folder / "talmo" / "settings.json";
+  return configHome() / "talmo" / "settings.json";
 }
 
 std::optional<std::string> LinuxUserDefaults::string(const std::string& key) const {
@@ -67,8 +62,8 @@ void LinuxUserDefaults::setBoolean(const std::string& key, bool value) {
 
 void LinuxUserDefaults::readOnce() const {
   std::call_once(read_, [this] {
-    const SettingsFile file(file_);
-    SettingsFile::Content content = file.read(longestFile);
+    const WholeFile file(file_);
+    WholeFile::Content content = file.read(longestFile);
     if (!content.text && !content.failure) return;
     if (content.text) {
       if (std::optional<Json> values = parseObject(*content.text)) {
@@ -116,7 +111,7 @@ void LinuxUserDefaults::change(const std::string& key, const Json& value) {
 }
 
 bool LinuxUserDefaults::store(const std::string& text) const {
-  const std::optional<std::string> failure = SettingsFile(file_).write(text);
+  const std::optional<std::string> failure = WholeFile(file_).write(text);
   if (failure) log.error("cannot store the settings: %{public}s", *failure);
   return !failure;
 }

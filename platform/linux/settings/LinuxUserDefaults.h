@@ -27,9 +27,7 @@ class LinuxUserDefaults : public UserDefaults {
   /// `file` need not exist, nor its folder. A symbolic link is followed, not replaced.
   explicit LinuxUserDefaults(std::filesystem::path file);
 
-  /// Where a person's settings are: talmo/settings.json in the folder XDG_CONFIG_HOME, or ~/.config
-  /// when that is not an absolute path (the XDG base directory specification). Reads the
-  /// environment.
+  /// Where a person's settings are: talmo/settings.json in the `configHome`. Reads the environment.
   static std::filesystem::path standardFile();
 
   std::optional<std::string> string(const std::string& key) const override;

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include "platform/linux/applications/ProcessTable.h"
-#include "tests/backend/applications/RecentFile.h"
 #include "tests/support/FakePlayerProcess.h"
 #include "tests/support/WaitUntil.h"
 
@@ -213,37 +212,6 @@ TEST_F(LinuxWorkspaceTest, ADisplayThatWentAwayHasNothingInFront) {
   display().server().end();
   EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
   EXPECT_EQ(processes(deezer), Processes{});
-}
-
-TEST_F(LinuxWorkspaceTest, TheLastUseIsThatOfTheEntrysNameOrProgram) {
-  PrivateData::install("vlc", "Name=VLC media player\nExec=/usr/bin/env --ignored %U\n");
-  const std::string url = workspace().urlForApplication(vlc).value();
-  addToRecentFiles({.url = "file:///a",
-                    .applicationName = "Somebody else",
-                    .command = "true %u",
-                    .when = Date(1'700'000'500s)});
-  EXPECT_EQ(workspace().lastUsedDate(url), std::nullopt);
-  addToRecentFiles({.url = "file:///a",
-                    .applicationName = "env",
-                    .command = "'/usr/bin/env' %u",
-                    .when = Date(1'700'000'000s)});
-  EXPECT_EQ(workspace().lastUsedDate(url), Date(1'700'000'000s));
-  addToRecentFiles({.url = "file:///b",
-                    .applicationName = "VLC media player",
-                    .command = "unquoted ' %u",
-                    .when = Date(1'700'000'100s)});
-  EXPECT_EQ(workspace().lastUsedDate(url), Date(1'700'000'100s));
-  addToRecentFiles({.url = "file:///c",
-                    .applicationName = "VLC media player",
-                    .command = "env %u",
-                    .when = Date(1'600'000'000s)});
-  EXPECT_EQ(workspace().lastUsedDate(url), Date(1'700'000'100s));
-}
-
-TEST_F(LinuxWorkspaceTest, ADamagedListOfRecentFilesIsNone) {
-  PrivateData::install("vlc", "Name=VLC\nExec=true\n");
-  std::ofstream(PrivateData::dataHome() / "recently-used.xbel") << "<xbel version=\"1.0\"><book";
-  EXPECT_EQ(workspace().lastUsedDate(workspace().urlForApplication(vlc).value()), std::nullopt);
 }
 
 }  // namespace

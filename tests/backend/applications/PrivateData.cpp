@@ -15,7 +15,7 @@
 namespace talmo::test {
 namespace {
 
-constexpr std::array<const char*, 3> folders{"data", "config", "scratch"};
+constexpr std::array<const char*, 4> folders{"data", "config", "state", "scratch"};
 
 class Environment : public testing::Environment {
  public:
@@ -26,6 +26,7 @@ class Environment : public testing::Environment {
     ::setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
     ::setenv("XDG_DATA_DIRS", (root / "system").c_str(), 1);
     ::setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+    ::setenv("XDG_STATE_HOME", (root / "state").c_str(), 1);
     ::setenv("XDG_CONFIG_DIRS", (root / "system").c_str(), 1);
     ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (root / "no-bus").string()).c_str(), 1);
     ::unsetenv("DISPLAY");
@@ -58,6 +59,10 @@ std::filesystem::path PrivateData::dataHome() {
 
 std::filesystem::path PrivateData::configHome() {
   return Environment::path() / "config";
+}
+
+std::filesystem::path PrivateData::stateHome() {
+  return Environment::path() / "state";
 }
 
 std::filesystem::path PrivateData::scratch() {

@@ -5,7 +5,7 @@
 
 namespace talmo::test {
 
-/// The data and configuration folders of this test program, in place of the person's and the
+/// The data, configuration and state folders of this test program, in place of the person's and the
 /// system's, with nothing installed. They are there before the first test starts, because GLib
 /// reads their places once; the session bus and the display of the person are out of reach as well.
 class PrivateData {
@@ -17,6 +17,9 @@ class PrivateData {
 
   /// $XDG_CONFIG_HOME.
   static std::filesystem::path configHome();
+
+  /// $XDG_STATE_HOME.
+  static std::filesystem::path stateHome();
 
   /// A folder for whatever else a test needs.
   static std::filesystem::path scratch();

@@ -23,6 +23,12 @@ TEST(LinuxBundle, FindsWhatIsInItsFolder) {
   EXPECT_FALSE(bundle.fileExists((folder.path() / "resources/script.py").string()));
 }
 
+TEST(LinuxBundle, HasNoInformationDictionary) {
+  const TemporaryFolder folder;
+  std::ofstream(folder.path() / "Info.plist") << "<plist/>";
+  EXPECT_EQ(LinuxBundle(folder.path()).objectForInfoDictionaryKey("SUFeedURL"), std::nullopt);
+}
+
 TEST(LinuxBundle, HasNoFrameworksWithoutTheirFolder) {
   const TemporaryFolder folder;
   EXPECT_EQ(LinuxBundle(folder.path()).privateFrameworksPath(), std::nullopt);

@@ -3,14 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/dispatch/LinuxDispatch.h"
-#include "platform/linux/LinuxOwnApplication.h"
+#include "platform/linux/interface/LinuxOwnApplication.h"
+#include "platform/linux/LinuxBundle.h"
 
 namespace talmo::test {
 namespace {
 
 TEST(LinuxOwnApplication, EndsWithItsMainLoop) {
   LinuxDispatch dispatch;
-  LinuxOwnApplication application(dispatch);
+  const LinuxBundle bundle;
+  LinuxOwnApplication application(dispatch, bundle);
   EXPECT_FALSE(application.isTerminating());
   bool hasGoneOn = false;
   dispatch.mainQueue().async([&] {
@@ -24,7 +26,8 @@ TEST(LinuxOwnApplication, EndsWithItsMainLoop) {
 
 TEST(LinuxOwnApplication, KnowsTheEnvironmentOfItsProcess) {
   LinuxDispatch dispatch;
-  const LinuxOwnApplication application(dispatch);
+  const LinuxBundle bundle;
+  const LinuxOwnApplication application(dispatch, bundle);
   ::setenv("TALMO_TEST_VARIABLE", "a value", 1);
   EXPECT_EQ(application.environmentVariable("TALMO_TEST_VARIABLE"), "a value");
   ::setenv("TALMO_TEST_VARIABLE", "", 1);

@@ -6,7 +6,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -17,6 +16,7 @@
 #include "tests/support/TestPlatform.h"
 #include "tests/support/TestProcess.h"
 #include "tests/support/WaitUntil.h"
+#include "tests/support/WithoutPrivileges.h"
 
 namespace talmo::test {
 namespace {
@@ -27,9 +27,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-// The id that Linux systems give to nobody.
-constexpr uid_t nobody = 65534;
 
 mode_t modeOf(const std::filesystem::path& path) {
   struct stat status{};
@@ -42,25 +39,6 @@ ino_t inodeOf(const std::filesystem::path& path) {
   EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
   return status.st_ino;
 }
-
-/// Takes the administrator's powers away for its scope: they would make every file accessible.
-class WithoutPrivileges {
- public:
-  explicit WithoutPrivileges(const SettingsFolder& folder) {
-    if (::geteuid() != 0) return;
-    EXPECT_EQ(::chown(folder.path().c_str(), nobody, nobody), 0);
-    for (const std::string& name : folder.names()) {
-      EXPECT_EQ(::lchown((folder.path() / name).c_str(), nobody, nobody), 0);
-    }
-    EXPECT_EQ(::seteuid(nobody), 0);
-  }
-  ~WithoutPrivileges() {
-    if (::getuid() != 0) return;
-    EXPECT_EQ(::seteuid(0), 0);
-  }
-  WithoutPrivileges(const WithoutPrivileges&) = delete;
-  WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-};
 
 /// Sets or removes an environment variable for its scope.
 class WithEnvironment {
@@ -253,7 +231,7 @@ TEST_F(LinuxUserDefaultsTest, UnreadableFileIsKeptAside) {
   folder_.write(R"({"selectedTargetAppID": "vlc"})");
   ASSERT_EQ(::chmod(folder_.file().c_str(), 0), 0);
   {
-    const WithoutPrivileges scope(folder_);
+    const WithoutPrivileges scope(folder_.path());
     LinuxUserDefaults defaults(folder_.file());
     EXPECT_EQ(defaults.string("selectedTargetAppID"), std::nullopt);
     defaults.setString("selectedTargetAppID", "spotify");
@@ -276,7 +254,7 @@ TEST_F(LinuxUserDefaultsTest, FolderInPlaceOfTheFileIsKeptAside) {
 TEST_F(LinuxUserDefaultsTest, DamagedFileThatCannotBePutAsideIsNeverOverwritten) {
   folder_.write("damaged");
   {
-    const WithoutPrivileges scope(folder_);
+    const WithoutPrivileges scope(folder_.path());
     ASSERT_EQ(::chmod(folder_.path().c_str(), 0500), 0);
     LinuxUserDefaults defaults(folder_.file());
     EXPECT_EQ(defaults.string("selectedTargetAppID"), std::nullopt);
@@ -306,7 +284,7 @@ TEST_F(LinuxUserDefaultsTest, FolderBehindALinkIsLeftAlone) {
 TEST_F(LinuxUserDefaultsTest, DeviceBehindALinkIsReadAsNothingAndLeftAlone) {
   std::filesystem::create_symlink("/dev/null", folder_.file());
   // An administrator could do harm to the device.
-  const WithoutPrivileges scope(folder_);
+  const WithoutPrivileges scope(folder_.path());
   LinuxUserDefaults defaults(folder_.file());
   defaults.setString("selectedTargetAppID", "vlc");
   EXPECT_EQ(defaults.string("selectedTargetAppID"), "vlc");
@@ -372,7 +350,7 @@ TEST_F(LinuxUserDefaultsTest, LinkToAFileThatIsNotThereYetIsFollowed) {
 TEST_F(LinuxUserDefaultsTest, FailingWriteIsOneLogLineAndTheValueReadsBack) {
   folder_.write(R"({"selectedTargetAppID": "vlc"})");
   {
-    const WithoutPrivileges scope(folder_);
+    const WithoutPrivileges scope(folder_.path());
     ASSERT_EQ(::chmod(folder_.path().c_str(), 0500), 0);
     LinuxUserDefaults defaults(folder_.file());
     defaults.setString("selectedTargetAppID", "spotify");

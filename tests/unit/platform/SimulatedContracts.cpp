@@ -9,6 +9,7 @@
 #include "platform/simulated/SimulatedAudioObjects.h"
 #include "platform/simulated/SimulatedDispatch.h"
 #include "platform/simulated/SimulatedImageDecoder.h"
+#include "platform/simulated/SimulatedLoginItem.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/contract/AccessibilityContract.h"
@@ -18,6 +19,7 @@
 #include "tests/contract/EventTapContract.h"
 #include "tests/contract/ImageDecoderContract.h"
 #include "tests/contract/KeyEventsContract.h"
+#include "tests/contract/LoginItemContract.h"
 #include "tests/contract/UserDefaultsContract.h"
 #include "tests/contract/WorkspaceContract.h"
 
@@ -233,6 +235,19 @@ class SimulatedWorkspaceWorld : public WorkspaceWorld {
   SimulatedWorld world_;
 };
 
+class SimulatedLoginItemWorld : public LoginItemWorld {
+ public:
+  LoginItem& item() override { return item_; }
+  void reopen() override {}
+  void switchOff() override { item_.setEnabled(false); }
+  void setFails(bool fails) override {
+    item_.setFailure(fails ? std::optional<std::string>("not permitted") : std::nullopt);
+  }
+
+ private:
+  SimulatedLoginItem item_;
+};
+
 class SimulatedImageDecoderWorld : public ImageDecoderWorld {
  public:
   ImageDecoder& decoder() override { return decoder_; }
@@ -305,6 +320,10 @@ INSTANTIATE_TEST_SUITE_P(Simulated, ImageDecoderContract, testing::Values([] {
 
 INSTANTIATE_TEST_SUITE_P(Simulated, KeyEventsContract, testing::Values([] {
                            return std::make_unique<SimulatedKeyEventsWorld>();
+                         }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, LoginItemContract, testing::Values([] {
+                           return std::make_unique<SimulatedLoginItemWorld>();
                          }));
 
 INSTANTIATE_TEST_SUITE_P(Simulated, AppleEventsContract, testing::Values([] {

@@ -7,8 +7,8 @@
 
 namespace talmo {
 
-/// The file that holds the settings, as bytes.
-class SettingsFile {
+/// A small file that is read, or replaced, as a whole; bytes.
+class WholeFile {
  public:
   /// What reading gave: the text, or the reason why there is none. Both are absent when there is no
   /// file.
@@ -17,7 +17,7 @@ class SettingsFile {
     std::optional<std::string> failure;
   };
 
-  explicit SettingsFile(std::filesystem::path path) : path_(std::move(path)) {}
+  explicit WholeFile(std::filesystem::path path) : path_(std::move(path)) {}
 
   /// Reads the whole file; a longer one than `limit` bytes, and what is no regular file, is a
   /// failure. Does not wait for a pipe.

@@ -1,4 +1,4 @@
-#include "platform/linux/settings/SettingsFile.h"
+#include "platform/linux/files/WholeFile.h"
 
 #include <array>
 #include <cerrno>
@@ -24,7 +24,7 @@ constexpr int longestLinkChain = 40;
 
 constexpr const char* notRegular = "it is not a regular file";
 
-// A thousand damaged files in one second are not a person's settings.
+// A thousand damaged files in one second are no accident.
 constexpr int mostNames = 1000;
 
 std::string errorText(int error) {
@@ -51,7 +51,7 @@ int renameToFree(const std::filesystem::path& from, const std::filesystem::path&
 
 }  // namespace
 
-SettingsFile::Content SettingsFile::read(std::size_t limit) const {
+WholeFile::Content WholeFile::read(std::size_t limit) const {
   const FileDescriptor file(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file) {
     if (errno == ENOENT) return {};
@@ -72,11 +72,11 @@ SettingsFile::Content SettingsFile::read(std::size_t limit) const {
   return {.failure = "it is too large"};
 }
 
-std::optional<std::filesystem::path> SettingsFile::putAside() const {
+std::optional<std::filesystem::path> WholeFile::putAside() const {
   const std::filesystem::path file = resolved();
   struct stat status{};
   if (::lstat(file.c_str(), &status) != 0) return std::nullopt;
-  // A device or a folder that a link leads to was not made for settings.
+  // A device or a folder that a link leads to was not made for us.
   const bool isOurs = S_ISREG(status.st_mode) || (S_ISDIR(status.st_mode) && file == path_);
   if (!isOurs) return std::nullopt;
   const std::string base = file.string() + ".damaged-" + utcTime();
@@ -89,7 +89,7 @@ std::optional<std::filesystem::path> SettingsFile::putAside() const {
   return std::nullopt;
 }
 
-std::optional<std::string> SettingsFile::write(const std::string& text) const {
+std::optional<std::string> WholeFile::write(const std::string& text) const {
   const std::filesystem::path file = resolved();
   struct stat status{};
   // A device that a link leads to is not to be replaced, not even by the administrator.
@@ -106,7 +106,7 @@ std::optional<std::string> SettingsFile::write(const std::string& text) const {
   return std::string(error->message);
 }
 
-std::filesystem::path SettingsFile::resolved() const {
+std::filesystem::path WholeFile::resolved() const {
   std::filesystem::path file = path_;
   std::error_code error;
   for (int link = 0; link < longestLinkChain; ++link) {
