@@ -27,7 +27,7 @@ double luminance(const QColor& colour) {
 
 /// WCAG 2.1: contrast ratio.
 double contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+  const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
   return (lighter + 0.05) / (darker + 0.05);
 }
 
@@ -61,7 +61,7 @@ std::vector<Ground> tinted(const std::vector<Ground>& cards) {
   std::vector<Ground> grounds = cards;
   for (int hue = 0; hue < 360; hue += 15) {
     QColor tint = QColor::fromHsl(hue, 191, 128);
-    tint.setAlphaF(Palette::strongestTint);
+    tint.setAlphaF(Palette::tintAlpha);
     const auto lit = laid("tint " + std::to_string(hue), tint, cards);
     grounds.insert(grounds.end(), lit.begin(), lit.end());
   }

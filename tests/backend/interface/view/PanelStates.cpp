@@ -184,7 +184,7 @@ std::map<std::string, State> states() {
 std::map<std::string, View> panelStates(const PanelActions& actions) {
   SimulatedDispatch dispatch;
   SimulatedApplications applications;
-  PaintedWorkspace workspace(dispatch, applications);
+  PaintedWorkspace workspace(applications, dispatch);
   const TestPlatform platform({.dispatch = &dispatch, .workspace = &workspace});
   for (const TargetApp& app : TargetAppRegistry::all()) {
     applications.install({.bundleID = app.bundleID, .name = app.displayName});
