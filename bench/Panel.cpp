@@ -33,6 +33,9 @@ using namespace std::chrono_literals;
 constexpr auto patience = 30s;
 constexpr auto watched = 20s;
 
+/// Black, as a private desktop is where nothing is.
+constexpr std::uint32_t emptyScreen = 0;
+
 /// A program with an icon in the tray that shows a window.
 class Subject {
  public:
@@ -52,6 +55,18 @@ class Subject {
     return std::nullopt;
   }
 
+  /// The same when the tray has come to rest.
+  PixelArea settledIcon() {
+    std::optional<PixelArea> last;
+    require(
+        [&] {
+          const std::optional<PixelArea> before = std::exchange(last, iconArea());
+          return last && last == before;
+        },
+        "the icon does not come to rest");
+    return *last;
+  }
+
   std::optional<PixelArea> windowArea() {
     for (const ScreenWindows::Window& window : windows_.of(pid())) {
       if (window.isManaged) return window.area;
@@ -60,7 +75,7 @@ class Subject {
   }
 
   void click(MousePresser& mouse) {
-    const PixelArea icon = iconArea().value();
+    const PixelArea icon = settledIcon();
     mouse.click(icon.middleX(), icon.middleY());
   }
 
@@ -74,13 +89,14 @@ class Subject {
     require([this] { return !windowArea(); }, "the window stays");
   }
 
-  /// From a click to another colour at a place inside the window.
+  /// From a click to a colour at a place inside the window.
   Clock::duration clickToFrame(MousePresser& mouse, const PixelArea& place) {
-    const PixelArea icon = iconArea().value();
-    const std::uint32_t before = colourAt(place);
+    const PixelArea icon = settledIcon();
+    // The window manager takes its frame away after the window has gone.
+    require([&] { return colourAt(place) == emptyScreen; }, "the window's place is not empty");
     const auto start = Clock::now();
     mouse.click(icon.middleX(), icon.middleY());
-    while (colourAt(place) == before) {
+    while (colourAt(place) == emptyScreen) {
       if (Clock::now() - start > patience) throw std::runtime_error("nothing was painted");
     }
     return Clock::now() - start;
