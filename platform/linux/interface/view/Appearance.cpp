@@ -53,6 +53,8 @@ Appearance::Appearance() {
   ask();
 }
 
+Appearance::~Appearance() = default;
+
 bool Appearance::eventFilter(QObject* watched, QEvent* event) {
   if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange) decide();
   return QObject::eventFilter(watched, event);
@@ -60,7 +62,10 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event) {
 
 void Appearance::settingChanged(const QString& changedGroup, const QString& changedKey,
                                 const QDBusVariant& value) {
-  if (changedGroup == group && changedKey == key) believe(preferenceIn(value.variant()));
+  if (changedGroup != group || changedKey != key) return;
+  // An answer that is still to come is older than this, or says the same.
+  question_.reset();
+  believe(preferenceIn(value.variant()));
 }
 
 void Appearance::ask() {
@@ -68,10 +73,12 @@ void Appearance::ask() {
       QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
   call << group << key;
   call.setAutoStartService(false);
-  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-    answer->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *answer;
+  question_ =
+      std::make_unique<QDBusPendingCallWatcher>(QDBusConnection::sessionBus().asyncCall(call));
+  connect(question_.get(), &QDBusPendingCallWatcher::finished, this, [this] {
+    QDBusPendingCallWatcher* const answered = question_.release();
+    answered->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *answered;
     if (!reply.isError()) believe(preferenceIn(reply.value().variant()));
   });
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <optional>
+#include <QDBusVariant>
 #include <QObject>
 #include <QString>
 
-class QDBusVariant;
+class QDBusPendingCallWatcher;
 
 namespace talmo {
 
@@ -16,6 +18,7 @@ class Appearance : public QObject {
 
  public:
   Appearance();
+  ~Appearance() override;
 
   bool isDark() const { return isDark_; }
 
@@ -30,6 +33,8 @@ class Appearance : public QObject {
   void believe(std::optional<bool> preference);
   void decide();
 
+  // Asked and not yet answered.
+  std::unique_ptr<QDBusPendingCallWatcher> question_;
   /// What the portal says.
   std::optional<bool> prefersDark_;
   bool isDark_ = false;

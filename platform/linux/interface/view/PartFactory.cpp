@@ -1,4 +1,4 @@
-#include "platform/linux/interface/view/Part.h"
+#include "platform/linux/interface/view/PartFactory.h"
 
 #include "platform/linux/interface/view/ButtonPart.h"
 #include "platform/linux/interface/view/EqualizerPart.h"
@@ -10,7 +10,7 @@
 
 namespace talmo {
 
-Part* Part::make(const View& view, ViewRole container, const Look& look, QWidget* parent) {
+Part* makePart(const View& view, ViewRole container, const Look& look, QWidget* parent) {
   switch (view.kind) {
     case ViewKind::vertical:
       if (view.role == ViewRole::section) return new SectionPart(view, look, parent);
