@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QPalette>
 #include <QVariant>
+#include <QVariantList>
 
 namespace talmo {
 namespace {
@@ -44,8 +45,9 @@ Appearance::Appearance() {
   qApp->installEventFilter(this);
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
+  // The whole message: a slot with the arguments' types is refused before Qt has met a variant.
   bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+              SLOT(settingChanged(QDBusMessage)));
   // The portal may come after us when the session begins.
   auto* watcher =
       new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
@@ -60,12 +62,12 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-void Appearance::settingChanged(const QString& changedGroup, const QString& changedKey,
-                                const QDBusVariant& value) {
-  if (changedGroup != group || changedKey != key) return;
+void Appearance::settingChanged(const QDBusMessage& signal) {
+  const QVariantList arguments = signal.arguments();
+  if (arguments.size() != 3 || arguments[0] != group || arguments[1] != key) return;
   // An answer that is still to come is older than this, or says the same.
   question_.reset();
-  believe(preferenceIn(value.variant()));
+  believe(preferenceIn(arguments[2]));
 }
 
 void Appearance::ask() {

@@ -2,7 +2,7 @@
 
 #include <memory>
 #include <optional>
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 #include <QString>
 
@@ -28,7 +28,7 @@ class Appearance : public QObject {
   void changed();
 
  private:
-  Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+  Q_SLOT void settingChanged(const QDBusMessage& signal);
   void ask();
   void believe(std::optional<bool> preference);
   void decide();
