@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -33,6 +34,9 @@ using namespace std::chrono_literals;
 constexpr auto patience = 30s;
 constexpr auto watched = 20s;
 
+/// Black, as a private desktop is where nothing is.
+constexpr std::uint32_t emptyScreen = 0;
+
 /// A program with an icon in the tray that shows a window.
 class Subject {
  public:
@@ -52,6 +56,18 @@ class Subject {
     return std::nullopt;
   }
 
+  /// The same when the tray has come to rest.
+  PixelArea settledIcon() {
+    std::optional<PixelArea> last;
+    require(
+        [&] {
+          const std::optional<PixelArea> before = std::exchange(last, iconArea());
+          return last && last == before;
+        },
+        "the icon does not come to rest");
+    return *last;
+  }
+
   std::optional<PixelArea> windowArea() {
     for (const ScreenWindows::Window& window : windows_.of(pid())) {
       if (window.isManaged) return window.area;
@@ -60,7 +76,7 @@ class Subject {
   }
 
   void click(MousePresser& mouse) {
-    const PixelArea icon = iconArea().value();
+    const PixelArea icon = settledIcon();
     mouse.click(icon.middleX(), icon.middleY());
   }
 
@@ -74,13 +90,14 @@ class Subject {
     require([this] { return !windowArea(); }, "the window stays");
   }
 
-  /// From a click to another colour at a place inside the window.
+  /// From a click to a colour at a place inside the window.
   Clock::duration clickToFrame(MousePresser& mouse, const PixelArea& place) {
-    const PixelArea icon = iconArea().value();
-    const std::uint32_t before = colourAt(place);
+    const PixelArea icon = settledIcon();
+    // The window manager takes its frame away after the window has gone.
+    require([&] { return colourAt(place) == emptyScreen; }, "the window's place is not empty");
     const auto start = Clock::now();
     mouse.click(icon.middleX(), icon.middleY());
-    while (colourAt(place) == before) {
+    while (colourAt(place) == emptyScreen) {
       if (Clock::now() - start > patience) throw std::runtime_error("nothing was painted");
     }
     return Clock::now() - start;
@@ -95,18 +112,20 @@ class Subject {
     throw std::runtime_error("the system does not tell the memory");
   }
 
-  /// How often its threads have gone to sleep so far, which is how often they woke up.
-  double sleeps() const {
-    double sum = 0;
+  /// How often each of its threads has gone to sleep so far, which is how often it woke up.
+  std::map<std::string, double> sleeps() const {
+    const std::string key = "voluntary_ctxt_switches:";
+    std::map<std::string, double> counts;
     for (const auto& thread :
          std::filesystem::directory_iterator("/proc/" + std::to_string(pid()) + "/task")) {
       std::ifstream file(thread.path() / "status");
       for (std::string line; std::getline(file, line);) {
-        const std::string key = "voluntary_ctxt_switches:";
-        if (line.starts_with(key)) sum += std::stod(line.substr(key.size()));
+        if (line.starts_with(key)) {
+          counts[thread.path().filename()] = std::stod(line.substr(key.size()));
+        }
       }
     }
-    return sum;
+    return counts;
   }
 
  private:
@@ -187,14 +206,43 @@ void memory(benchmark::State& state) {
   }
 }
 
+/// Counts how often a program wakes up. A thread that ends takes its last count along, so it is
+/// looked at often.
+class WakeUps {
+ public:
+  explicit WakeUps(const Subject& subject) : subject_(subject), last_(subject.sleeps()) {}
+
+  void look() {
+    const std::map<std::string, double> now = subject_.sleeps();
+    for (const auto& [thread, count] : now) {
+      const auto before = last_.find(thread);
+      sum_ += before == last_.end() ? count : count - before->second;
+    }
+    last_ = now;
+  }
+
+  double sum() const { return sum_; }
+
+ private:
+  const Subject& subject_;
+  std::map<std::string, double> last_;
+  double sum_ = 0;
+};
+
 /// How often each of the two wakes up in a second of the same time.
-std::pair<double, double> wakeUps(Desk& desk) {
+std::pair<double, double> wakeUps(const Desk& desk) {
+  WakeUps talmo(desk.talmo);
+  WakeUps least(desk.least);
   const auto start = Clock::now();
-  const double talmo = desk.talmo.sleeps();
-  const double least = desk.least.sleeps();
-  waitUntil([] { return false; }, watched, 1s);
+  waitUntil(
+      [&] {
+        talmo.look();
+        least.look();
+        return false;
+      },
+      watched, 200ms);
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  return {(desk.talmo.sleeps() - talmo) / seconds, (desk.least.sleeps() - least) / seconds};
+  return {talmo.sum() / seconds, least.sum() / seconds};
 }
 
 void wakeUpsPerSecond(benchmark::State& state) {

@@ -90,6 +90,7 @@ void LinuxEventMonitors::tellGlobal(InterfaceEvent::Type type) {
   for (const Token token : tokens(global_)) {
     const auto monitor = global_.find(token);
     if (monitor == global_.end() || (monitor->second.mask & eventMask(type)) == 0) continue;
+    application_.notePressElsewhere();
     const auto handler = monitor->second.handler;
     handler(event);
   }

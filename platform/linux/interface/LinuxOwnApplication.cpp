@@ -1,5 +1,6 @@
 #include "platform/linux/interface/LinuxOwnApplication.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <QApplication>
 #include <QIcon>
@@ -9,6 +10,12 @@
 #include "platform/linux/interface/AboutPanel.h"
 
 namespace talmo {
+namespace {
+
+// From the press to the release, and a message from one program to the other.
+constexpr Duration longestClick = std::chrono::milliseconds(500);
+
+}  // namespace
 
 LinuxOwnApplication::LinuxOwnApplication(LinuxDispatch& dispatch, const Bundle& bundle)
     : dispatch_(dispatch) {
@@ -47,6 +54,10 @@ void LinuxOwnApplication::handle(const InterfaceEvent& event,
   const std::optional<InterfaceEvent> before = std::exchange(currentEvent_, event);
   handler();
   currentEvent_ = before;
+}
+
+bool LinuxOwnApplication::isStillPressElsewhere() const {
+  return pressedElsewhere_ && dispatch_.uptime() - *pressedElsewhere_ < longestClick;
 }
 
 }  // namespace talmo

@@ -33,12 +33,19 @@ class LinuxOwnApplication : public Application {
   /// Runs `handler` with `event` as the current one.
   void handle(const InterfaceEvent& event, const std::function<void()>& handler);
 
+  /// The person pressed a mouse button outside our windows, and somebody here was told.
+  void notePressElsewhere() { pressedElsewhere_ = dispatch_.uptime(); }
+  /// Whether that was so short a time ago that what another program passes on to us now, as the
+  /// click on an icon that it shows for us, is the same press.
+  bool isStillPressElsewhere() const;
+
   /// Whether `terminate` is what ended the main loop.
   bool isTerminating() const { return isTerminating_; }
 
  private:
   LinuxDispatch& dispatch_;
   std::optional<InterfaceEvent> currentEvent_;
+  std::optional<Uptime> pressedElsewhere_;
   bool isTerminating_ = false;
   // Nothing without the toolkit.
   std::unique_ptr<AboutPanel> about_;

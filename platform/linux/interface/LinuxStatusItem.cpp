@@ -86,6 +86,8 @@ void LinuxStatusItem::clicked(QSystemTrayIcon::ActivationReason reason) {
   const bool isLeft = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick;
   const Type type = isRight ? Type::rightMouseUp : Type::leftMouseDown;
   if ((!isLeft && !isRight) || (mask_ & eventMask(type)) == 0) return;
+  // A press that had to close the panel is not to open it again.
+  if (isLeft && trayWindow() == nullptr && application_.isStillPressElsewhere()) return;
   button_->wasClicked(QCursor::pos());
   if (menu_) {
     dropDown();

@@ -204,8 +204,11 @@ TEST_F(LinuxTrust, AConnectionThatTheServerClosesEndsItUntilTheTapIsRemoved) {
     TapThread tap(desk.dispatch, desk.eventTap);
     ASSERT_TRUE(isInstalled(tap));
     losses = 0;
-    const auto& port = dynamic_cast<const LinuxEventTapPort&>(tap.port());
-    ::shutdown(port.descriptors()[which], SHUT_RDWR);
+    // On its own thread, whose the port is.
+    tap.perform([&tap, which] {
+      const auto& port = dynamic_cast<const LinuxEventTapPort&>(tap.port());
+      ::shutdown(port.descriptors()[which], SHUT_RDWR);
+    });
     ASSERT_TRUE(desk.runUntil([&] { return losses == 1; }));
     // Told although the keys could be had again: the tap does not get them back.
     EXPECT_FALSE(accessibility.isProcessTrusted());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <QPoint>
@@ -27,6 +28,7 @@ class InterfaceDesk {
   ScreenWindows& windows() { return windows_; }
   FocusWindow& other() { return other_; }
   const std::string& display() const { return desktop_.displayName(); }
+  std::filesystem::path dataFolder() const { return desktop_.dataFolder(); }
 
   bool runUntil(const std::function<bool()>& condition) { return platform_.runUntil(condition); }
 
