@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -111,18 +112,20 @@ class Subject {
     throw std::runtime_error("the system does not tell the memory");
   }
 
-  /// How often its threads have gone to sleep so far, which is how often they woke up.
-  double sleeps() const {
-    double sum = 0;
+  /// How often each of its threads has gone to sleep so far, which is how often it woke up.
+  std::map<std::string, double> sleeps() const {
+    const std::string key = "voluntary_ctxt_switches:";
+    std::map<std::string, double> counts;
     for (const auto& thread :
          std::filesystem::directory_iterator("/proc/" + std::to_string(pid()) + "/task")) {
       std::ifstream file(thread.path() / "status");
       for (std::string line; std::getline(file, line);) {
-        const std::string key = "voluntary_ctxt_switches:";
-        if (line.starts_with(key)) sum += std::stod(line.substr(key.size()));
+        if (line.starts_with(key)) {
+          counts[thread.path().filename()] = std::stod(line.substr(key.size()));
+        }
       }
     }
-    return sum;
+    return counts;
   }
 
  private:
@@ -203,14 +206,43 @@ void memory(benchmark::State& state) {
   }
 }
 
+/// Counts how often a program wakes up. A thread that ends takes its last count along, so it is
+/// looked at often.
+class WakeUps {
+ public:
+  explicit WakeUps(const Subject& subject) : subject_(subject), last_(subject.sleeps()) {}
+
+  void look() {
+    const std::map<std::string, double> now = subject_.sleeps();
+    for (const auto& [thread, count] : now) {
+      const auto before = last_.find(thread);
+      sum_ += before == last_.end() ? count : count - before->second;
+    }
+    last_ = now;
+  }
+
+  double sum() const { return sum_; }
+
+ private:
+  const Subject& subject_;
+  std::map<std::string, double> last_;
+  double sum_ = 0;
+};
+
 /// How often each of the two wakes up in a second of the same time.
-std::pair<double, double> wakeUps(Desk& desk) {
+std::pair<double, double> wakeUps(const Desk& desk) {
+  WakeUps talmo(desk.talmo);
+  WakeUps least(desk.least);
   const auto start = Clock::now();
-  const double talmo = desk.talmo.sleeps();
-  const double least = desk.least.sleeps();
-  waitUntil([] { return false; }, watched, 1s);
+  waitUntil(
+      [&] {
+        talmo.look();
+        least.look();
+        return false;
+      },
+      watched, 200ms);
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  return {(desk.talmo.sleeps() - talmo) / seconds, (desk.least.sleeps() - least) / seconds};
+  return {talmo.sum() / seconds, least.sum() / seconds};
 }
 
 void wakeUpsPerSecond(benchmark::State& state) {

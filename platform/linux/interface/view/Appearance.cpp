@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QPalette>
 #include <QVariant>
+#include <QVariantList>
 
 namespace talmo {
 namespace {
@@ -44,8 +45,9 @@ Appearance::Appearance() {
   qApp->installEventFilter(this);
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
+  // The whole message: a slot with the arguments' types is refused before Qt has met a variant.
   bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+              SLOT(settingChanged(QDBusMessage)));
   // The portal may come after us when the session begins.
   auto* watcher =
       new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
@@ -53,16 +55,19 @@ Appearance::Appearance() {
   ask();
 }
 
+Appearance::~Appearance() = default;
+
 bool Appearance::eventFilter(QObject* watched, QEvent* event) {
   if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange) decide();
   return QObject::eventFilter(watched, event);
 }
 
-void Appearance::settingChanged(const QString& changedGroup, const QString& changedKey,
-                                const QDBusVariant& value) {
-  if (changedGroup != group || changedKey != key) return;
-  ++changesTold_;
-  believe(preferenceIn(value.variant()));
+void Appearance::settingChanged(const QDBusMessage& signal) {
+  const QVariantList arguments = signal.arguments();
+  if (arguments.size() != 3 || arguments[0] != group || arguments[1] != key) return;
+  // An answer that is still to come is older than this, or says the same.
+  question_.reset();
+  believe(preferenceIn(arguments[2]));
 }
 
 void Appearance::ask() {
@@ -70,12 +75,12 @@ void Appearance::ask() {
       QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
   call << group << key;
   call.setAutoStartService(false);
-  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, told = changesTold_] {
-    answer->deleteLater();
-    // Qt tells of an answer later than of a signal that the portal sent after it.
-    if (changesTold_ != told) return;
-    const QDBusPendingReply<QDBusVariant> reply = *answer;
+  question_ =
+      std::make_unique<QDBusPendingCallWatcher>(QDBusConnection::sessionBus().asyncCall(call));
+  connect(question_.get(), &QDBusPendingCallWatcher::finished, this, [this] {
+    QDBusPendingCallWatcher* const answered = question_.release();
+    answered->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *answered;
     if (!reply.isError()) believe(preferenceIn(reply.value().variant()));
   });
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <optional>
+#include <QDBusMessage>
 #include <QObject>
 #include <QString>
 
-class QDBusVariant;
+class QDBusPendingCallWatcher;
 
 namespace talmo {
 
@@ -16,6 +18,7 @@ class Appearance : public QObject {
 
  public:
   Appearance();
+  ~Appearance() override;
 
   bool isDark() const { return isDark_; }
 
@@ -25,15 +28,15 @@ class Appearance : public QObject {
   void changed();
 
  private:
-  Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+  Q_SLOT void settingChanged(const QDBusMessage& signal);
   void ask();
   void believe(std::optional<bool> preference);
   void decide();
 
+  // Asked and not yet answered.
+  std::unique_ptr<QDBusPendingCallWatcher> question_;
   /// What the portal says.
   std::optional<bool> prefersDark_;
-  /// How often it has told of a change.
-  int changesTold_ = 0;
   bool isDark_ = false;
 };
 

@@ -5,13 +5,14 @@
 
 #include "platform/linux/interface/view/AccessibleParts.h"
 #include "platform/linux/interface/view/Grounds.h"
+#include "platform/linux/interface/view/PartFactory.h"
 
 namespace talmo {
 
 ContentView::ContentView(const Vectors& vectors, Appearance& appearance, QWidget* parent)
     : QWidget(parent),
       appearance_(appearance),
-      look_{.vectors = vectors, .palette = nullptr, .popUp = {}} {
+      look_{.vectors = vectors, .palette = nullptr, .makePart = makePart, .popUp = {}} {
   installAccessibleParts();
   setFocusPolicy(Qt::NoFocus);
   connect(&appearance, &Appearance::changed, this, [this] { render(); });
@@ -49,7 +50,7 @@ void ContentView::render() {
       root_->widget().hide();
       root_->widget().deleteLater();
     }
-    root_ = Part::make(content_, content_.role, look_, this);
+    root_ = makePart(content_, content_.role, look_, this);
   }
   root_->setView(content_);
   root_->widget().show();

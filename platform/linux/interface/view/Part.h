@@ -13,9 +13,6 @@ namespace talmo {
 /// both. Main thread only.
 class Part {
  public:
-  /// Of a new widget, below `parent`, in a stack or button whose role is `container`.
-  static Part* make(const View& view, ViewRole container, const Look& look, QWidget* parent);
-
   Part(const Part&) = delete;
   Part& operator=(const Part&) = delete;
 

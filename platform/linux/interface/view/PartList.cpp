@@ -31,7 +31,7 @@ void PartList::set(std::span<const View> views) {
   for (const View& view : views) {
     Part* part = taken(view);
     if (part == nullptr) {
-      part = Part::make(view, container_, look_, &parent_);
+      part = look_.makePart(view, container_, look_, &parent_);
     }
     next.push_back(part);
   }

@@ -15,7 +15,7 @@ namespace talmo {
 /// The parts in a stack or button. Main thread only.
 class PartList {
  public:
-  /// The layout is the one of `parent`; `container` is what Part::make is told.
+  /// The layout is the one of `parent`; `container` is its role.
   PartList(QBoxLayout& layout, QWidget& parent, ViewRole container, const Look& look)
       : layout_(layout), parent_(parent), container_(container), look_(look) {}
 

@@ -1,6 +1,7 @@
+#include "platform/linux/interface/view/PartFactory.h"
+
 #include "platform/linux/interface/view/ButtonPart.h"
 #include "platform/linux/interface/view/EqualizerPart.h"
-#include "platform/linux/interface/view/Part.h"
 #include "platform/linux/interface/view/PicturePart.h"
 #include "platform/linux/interface/view/SectionPart.h"
 #include "platform/linux/interface/view/StackPart.h"
@@ -9,8 +10,7 @@
 
 namespace talmo {
 
-// Apart from the part itself, as the kinds hold parts in turn.
-Part* Part::make(const View& view, ViewRole container, const Look& look, QWidget* parent) {
+Part* makePart(const View& view, ViewRole container, const Look& look, QWidget* parent) {
   switch (view.kind) {
     case ViewKind::vertical:
       if (view.role == ViewRole::section) return new SectionPart(view, look, parent);
