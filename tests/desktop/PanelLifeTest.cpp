@@ -160,6 +160,8 @@ TEST_F(PanelLife, LetsThroughWhatIsBehindItsCornersWithAndWithoutACompositor) {
   const std::unique_ptr<TestProcess> compositor =
       desktop_.start({"picom", "--backend", "xrender", "--config", "/dev/null"});
   ASSERT_TRUE(waitUntil([&] { return windows_.hasCompositor(); }, 20s)) << compositor->output();
+  // It takes clicks until it has begun to draw, and an empty screen is grey to it.
+  ASSERT_TRUE(waitUntil([&] { return corner() != cutOff; }, 20s));
   openPanel();
   const std::uint32_t blended = corner();
   clickIcon();
