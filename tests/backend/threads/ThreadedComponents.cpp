@@ -11,8 +11,10 @@
 #include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/AutoRoutingTest.h"
+#include "tests/component/FirstRunTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/OnboardingModelTest.h"
 #include "tests/component/PlayerDetectionTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
@@ -56,8 +58,10 @@ INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, FirstRunTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, NowPlayingTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, OnboardingModelTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, PlayerDetectionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);

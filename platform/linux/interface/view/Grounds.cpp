@@ -52,6 +52,7 @@ constexpr float farTint = 0.03F;
 void paintGround(QPainter& painter, const QRectF& place, ViewRole role, const Palette& palette) {
   switch (role) {
     case ViewRole::glass:
+    case ViewRole::material:
       paintGlass(painter, place, palette);
       break;
     case ViewRole::card:
