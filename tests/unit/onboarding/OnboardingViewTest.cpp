@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "onboarding/OnboardingView.h"
+#include "players/TargetAppRegistry.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/unit/onboarding/ViewReading.h"
 
