@@ -147,7 +147,9 @@ void PanelController::webTabsDidChange(const WebTabDetection::Matches& webTabs) 
   if (webTabs == viewModel_.webTabs.get()) return;
   viewModel_.webTabs.set(webTabs);
   if (!viewModel_.isPanelOpen.get()) return;
-  refreshAutomationWarning();
+  // A browser that is denied shows no tabs. Nothing new is known of a pinned one without a tab.
+  const std::optional<std::string>& id = viewModel_.selectedTargetID.get();
+  if (id && webTabs.contains(*id)) refreshAutomationWarning();
   refreshBrowserPrimer();
 }
 

@@ -1,26 +1,23 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
 #include "platform/linux/x11/XConnection.h"
-#include "platform/linux/x11/XReply.h"
 #include "tests/desktop/DesktopTest.h"
 #include "tests/support/FakePlayerProcess.h"
 #include "tests/support/RivalClient.h"
+#include "tests/support/ScreenWindows.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
 namespace {
 
 using namespace std::chrono_literals;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 constexpr const char* title = "Welcome to Talmo";
 
@@ -29,9 +26,8 @@ class FirstRun : public DesktopTest {
  protected:
   /// The first run's window, when it is on screen.
   std::optional<xcb_window_t> window() {
-    for (const xcb_window_t candidate : display_->windows(display_->root(), "_NET_CLIENT_LIST")) {
-      const std::vector<std::string> names = display_->texts(candidate, "_NET_WM_NAME");
-      if (!names.empty() && names.front() == title) return candidate;
+    for (const ScreenWindows::Window& seen : windows_.of(talmo_->process().pid())) {
+      if (seen.title == title) return seen.id;
     }
     return std::nullopt;
   }
@@ -44,10 +40,7 @@ class FirstRun : public DesktopTest {
   }
 
   /// Whether the window has the keys, as the window manager says.
-  bool hasKeys() {
-    const auto active = display_->windows(display_->root(), "_NET_ACTIVE_WINDOW");
-    return !active.empty() && std::optional(active.front()) == window();
-  }
+  bool hasKeys() { return std::optional(windows_.active()) == window(); }
 
   /// Asks the window to go, as its window manager does.
   void close() {
@@ -80,6 +73,7 @@ class FirstRun : public DesktopTest {
     return talmo_->lines("First launch").empty() && !window();
   }
 
+  ScreenWindows windows_{desktop_.displayName()};
   const std::unique_ptr<XConnection> display_ = XConnection::open(desktop_.displayName());
 };
 

@@ -115,7 +115,7 @@ TEST_F(Life, StaysAliveWithoutAKeyThatSomebodyElseHolds) {
   ASSERT_TRUE(grab("XF86AudioNext"));
   const FakePlayerProcess player(desktop_, "audacious");
   startTalmo("audacious");
-  EXPECT_TRUE(talmo_->waitForLines("Event tap creation failed; treating as missing permission"));
+  EXPECT_TRUE(talmo_->waitForLines("Accessibility permission at launch: false"));
   EXPECT_FALSE(talmo_->lines("XF86AudioNext").empty()) << talmo_->log();
 
   // The keys that nobody holds reach the window in front.

@@ -11,12 +11,13 @@ namespace talmo::test {
 using namespace std::chrono_literals;
 
 PlatformOnDesktop::PlatformOnDesktop(const PrivateDesktop& desktop,
-                                     const std::filesystem::path& bundleFolder) {
+                                     const std::filesystem::path& bundleFolder, bool hasInterface) {
   for (const auto& [name, value] : desktop.environment()) {
     const char* before = std::getenv(name.c_str());
     environment_[name] = before == nullptr ? std::nullopt : std::optional<std::string>(before);
     ::setenv(name.c_str(), value.c_str(), 1);
   }
+  if (hasInterface) toolkit_ = Toolkit::connect();
   platform_ = std::make_unique<LinuxPlatform>(bundleFolder);
   setPlatform(platform_.get());
 }
@@ -24,6 +25,7 @@ PlatformOnDesktop::PlatformOnDesktop(const PrivateDesktop& desktop,
 PlatformOnDesktop::~PlatformOnDesktop() {
   platform_ = nullptr;
   setPlatform(nullptr);
+  toolkit_ = nullptr;
   for (const auto& [name, value] : environment_) {
     if (value) {
       ::setenv(name.c_str(), value->c_str(), 1);

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/linux/interface/Toolkit.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "tests/support/PrivateDesktop.h"
 
@@ -16,7 +17,9 @@ namespace talmo::test {
 /// this lives. Main thread.
 class PlatformOnDesktop {
  public:
-  PlatformOnDesktop(const PrivateDesktop& desktop, const std::filesystem::path& bundleFolder);
+  /// It shows its interface when `hasInterface`.
+  PlatformOnDesktop(const PrivateDesktop& desktop, const std::filesystem::path& bundleFolder,
+                    bool hasInterface = false);
   ~PlatformOnDesktop();
   PlatformOnDesktop(const PlatformOnDesktop&) = delete;
   PlatformOnDesktop& operator=(const PlatformOnDesktop&) = delete;
@@ -32,6 +35,7 @@ class PlatformOnDesktop {
  private:
   /// What the desktop's variables were before.
   std::map<std::string, std::optional<std::string>> environment_;
+  std::unique_ptr<Toolkit> toolkit_;
   std::unique_ptr<LinuxPlatform> platform_;
 };
 

@@ -55,6 +55,11 @@ FocusWindow::FocusWindow(const std::string& display, const Options& options)
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_,
                         connection_->atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, 1, &type);
   }
+  if (!options.windowClass.empty()) {
+    const std::string classes = options.windowClass + '\0' + options.windowClass + '\0';
+    xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
+                        8, static_cast<std::uint32_t>(classes.size()), classes.data());
+  }
   if (options.transientFor != 0) {
     xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_,
                         connection_->atom("WM_TRANSIENT_FOR"), XCB_ATOM_WINDOW, 32, 1,

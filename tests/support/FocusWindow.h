@@ -26,6 +26,8 @@ class FocusWindow {
     bool isMapped = true;
     /// The name of its _NET_WM_WINDOW_TYPE; none when empty.
     std::string type;
+    /// Both halves of its WM_CLASS; none when empty.
+    std::string windowClass;
     /// The window that it belongs to (WM_TRANSIENT_FOR); 0 for none.
     std::uint32_t transientFor = 0;
   };

@@ -70,6 +70,17 @@ bool environmentHolds(pid_t pid, std::string_view entry) {
   return false;
 }
 
+/// The machine's fonts, with one that the look of the interface is judged in for its texts.
+void writeFontSettings(const std::filesystem::path& file) {
+  std::ofstream settings(file);
+  settings << R"(<?xml version="1.0"?><fontconfig><include>/etc/fonts/fonts.conf</include>)";
+  for (const char* const family : {"Sans Serif", "sans-serif", "system-ui"}) {
+    settings << R"(<alias binding="strong"><family>)" << family
+             << "</family><prefer><family>Inter</family></prefer></alias>";
+  }
+  settings << "</fontconfig>\n";
+}
+
 }  // namespace
 
 PrivateDesktop::PrivateDesktop() {
@@ -105,7 +116,10 @@ void PrivateDesktop::makeEnvironment() {
     std::filesystem::create_directories(path);
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
   }
+  const std::filesystem::path fontSettings = folder() / "fonts.conf";
+  writeFontSettings(fontSettings);
   environment_.insert({
+      {"FONTCONFIG_FILE", fontSettings.string()},
       {"LC_ALL", "C.UTF-8"},
       // No way back to the session that the test was started in.
       {"XAUTHORITY", ""},

@@ -31,8 +31,8 @@ class TestPlatform : public Platform {
     Network* network = nullptr;
     Notifications* notifications = nullptr;
     Panels* panels = nullptr;
-    StatusBar* statusBar = nullptr;
     SoftwareUpdate* softwareUpdate = nullptr;
+    StatusBar* statusBar = nullptr;
     UserDefaults* userDefaults = nullptr;
     Windows* windows = nullptr;
     Wording* wording = nullptr;
@@ -70,10 +70,10 @@ class TestPlatform : public Platform {
   Network& network() override { return lent(services_.network, "network"); }
   Notifications& notifications() override { return lent(services_.notifications, "notifications"); }
   Panels& panels() override { return lent(services_.panels, "panels"); }
-  StatusBar& statusBar() override { return lent(services_.statusBar, "the status bar"); }
   SoftwareUpdate& softwareUpdate() override {
     return lent(services_.softwareUpdate, "software update");
   }
+  StatusBar& statusBar() override { return lent(services_.statusBar, "the status bar"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
   Windows& windows() override { return lent(services_.windows, "windows"); }
   Wording& wording() override { return lent(services_.wording, "wording"); }

@@ -21,7 +21,8 @@ class LinuxWindows {
   /// The names of the process's windows, frontmost first, as UTF-8.
   static std::vector<std::string> namesFrontToBack(ProcessIdentifier process);
 
-  /// The window in front.
+  /// The window in front; where that is this program's own, as its panel is while it is open, the
+  /// one that was in front before.
   static std::optional<LinuxWindow> active();
 };
 

@@ -74,12 +74,15 @@ bool MediaKeyGrabs::update() {
 std::optional<std::string> MediaKeyGrabs::obstacle() const {
   const std::unique_ptr<XKeymap> keymap = XKeymap::load(connection_);
   if (!keymap) return noMap;
-  std::vector<Request> requests;
-  for (const Key& key : wanted(*keymap)) requests.push_back(grab(key));
   xcb_connection_t* const server = connection_.get();
-  xcb_ungrab_key(server, XCB_GRAB_ANY, connection_.root(), XCB_MOD_MASK_ANY);
-  // Frees the keyboard where one of the keys has stopped it meanwhile.
-  xcb_allow_events(server, XCB_ALLOW_REPLAY_KEYBOARD, XCB_CURRENT_TIME);
+  std::vector<Request> requests;
+  for (const Key& key : wanted(*keymap)) {
+    requests.push_back(grab(key));
+    xcb_ungrab_key(server, key.first.keycode, connection_.root(), key.first.modifiers);
+    // Frees the keyboard in case the key was pressed between the two and stopped it.
+    xcb_allow_events(server, XCB_ALLOW_REPLAY_KEYBOARD, XCB_CURRENT_TIME);
+  }
+  // All of it goes out at once, before any answer is waited for.
   xcb_flush(server);
   std::optional<std::string> obstacle;
   for (const Request& request : requests) {

@@ -29,7 +29,7 @@ class MediaKeyGrabs {
   /// is tried again the next time.
   bool update();
 
-  /// Grabs all of them and gives them up again in one breath, to see whether they could be had;
+  /// Grabs each of them and gives it up again in the same breath, to see whether they could be had;
   /// what is in the way, in words, or nothing when they could. A key that is pressed in between
   /// goes where it would have gone. Not beside grabs of this connection.
   std::optional<std::string> obstacle() const;

@@ -1,9 +1,11 @@
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <unistd.h>
 
 #include "platform/linux/applications/DesktopEntry.h"
@@ -53,6 +55,18 @@ class OpeningTest : private WithBlockedSignal, public LinuxWorkspaceTest {
 
   void open(const std::string& bundleID) {
     workspace().openApplication(workspace().urlForApplication(bundleID).value());
+  }
+
+  /// Opens a new instance and waits for what comes of it.
+  std::optional<std::string> openNewInstance(const std::string& url) {
+    std::atomic<int> calls = 0;
+    std::optional<std::string> result;
+    workspace().openNewInstance(url, [&](const std::optional<std::string>& error) {
+      result = error;
+      ++calls;
+    });
+    EXPECT_TRUE(waitUntil([&] { return calls == 1; }));
+    return result;
   }
 
   std::filesystem::path file(const std::string& name = "start.json") {
@@ -189,6 +203,50 @@ TEST_F(OpeningTest, AnEntryThatIsNotThereIsLogged) {
       [&] { return log().contains("no application at file:///no/such/player.desktop"); }));
   workspace().openApplication("no URL at all");
   EXPECT_TRUE(waitUntil([&] { return log().contains("no application at no URL at all"); }));
+}
+
+TEST_F(OpeningTest, ANewInstanceOfAnEntryIsStartedBesideTheOneThatRuns) {
+  PrivateData::install("vlc", "Name=VLC\n" + exec(file()));
+  const std::string url = workspace().urlForApplication(vlc).value();
+  EXPECT_EQ(openNewInstance(url), std::nullopt);
+  const RecordedStart first(file());
+  std::filesystem::remove(file());
+  EXPECT_EQ(openNewInstance(url), std::nullopt);
+  const RecordedStart second(file());
+  EXPECT_NE(first.process, second.process);
+}
+
+TEST_F(OpeningTest, AProgramIsStartedWithoutArgumentsAndStandsOnItsOwn) {
+  const std::filesystem::path folder = PrivateData::scratch() / awkward;
+  std::filesystem::create_directory(folder);
+  const std::filesystem::path program = folder / "program";
+  std::ofstream(program) << "#!/bin/sh\n"
+                            "echo $$ $(cut -d' ' -f6 /proc/$$/stat) $# > \"$0.draft\"\n"
+                            "mv \"$0.draft\" \"$0.started\"\n";
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  const GlibText url(g_filename_to_uri(program.c_str(), nullptr, nullptr));
+  EXPECT_EQ(openNewInstance(url.get()), std::nullopt);
+
+  const std::filesystem::path started = folder / "program.started";
+  ASSERT_TRUE(waitUntil([&] { return std::filesystem::exists(started); }));
+  pid_t process = 0;
+  pid_t session = 0;
+  int arguments = -1;
+  std::ifstream(started) >> process >> session >> arguments;
+  EXPECT_NE(process, 0);
+  EXPECT_EQ(session, process);
+  EXPECT_EQ(arguments, 0);
+  EXPECT_FALSE(std::filesystem::exists("pwned"));
+  EXPECT_FALSE(hasZombies());
+}
+
+TEST_F(OpeningTest, AProgramThatIsNotThereIsLoggedAndToldOf) {
+  const std::optional<std::string> error = openNewInstance("file:///no/such/program");
+  ASSERT_TRUE(error);
+  EXPECT_EQ(
+      log().messages(LogLevel::notice),
+      (Lines{"opening a new instance of file:///no/such/program failed: " + error.value_or("")}));
+  EXPECT_TRUE(openNewInstance("no URL at all"));
 }
 
 TEST_F(OpeningTest, AnApplicationThatTheBusStartsIsActivatedThere) {

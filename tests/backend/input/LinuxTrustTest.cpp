@@ -6,6 +6,7 @@
 #include <string>
 #include <sys/socket.h>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -146,10 +147,14 @@ TEST_F(LinuxTrust, AskingDisturbsNoTyping) {
       ++questions;
     }
   });
+  std::vector<std::pair<std::string, std::uint8_t>> keys;
+  for (const char* key : {"XF86AudioPlay", "a", "XF86AudioNext", "b", "XF86AudioPrev"}) {
+    keys.emplace_back(key, keycode(key));
+  }
   std::string typed;
-  for (int round = 0; round < 60 || questions < 20; ++round) {
-    for (const char* key : {"XF86AudioPlay", "a", "XF86AudioNext", "b", "XF86AudioPrev"}) {
-      desk.keyboard.tap(key);
+  while (questions < 50) {
+    for (const auto& [key, code] : keys) {
+      desk.keyboard.tap(code);
       typed += std::string(typed.empty() ? "+" : " +") + key + " -" + key;
     }
   }
@@ -199,8 +204,11 @@ TEST_F(LinuxTrust, AConnectionThatTheServerClosesEndsItUntilTheTapIsRemoved) {
     TapThread tap(desk.dispatch, desk.eventTap);
     ASSERT_TRUE(isInstalled(tap));
     losses = 0;
-    const auto& port = dynamic_cast<const LinuxEventTapPort&>(tap.port());
-    ::shutdown(port.descriptors()[which], SHUT_RDWR);
+    // On its own thread, whose the port is.
+    tap.perform([&tap, which] {
+      const auto& port = dynamic_cast<const LinuxEventTapPort&>(tap.port());
+      ::shutdown(port.descriptors()[which], SHUT_RDWR);
+    });
     ASSERT_TRUE(desk.runUntil([&] { return losses == 1; }));
     // Told although the keys could be had again: the tap does not get them back.
     EXPECT_FALSE(accessibility.isProcessTrusted());

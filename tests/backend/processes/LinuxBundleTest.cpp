@@ -38,5 +38,13 @@ TEST(LinuxBundle, IsBesideTheRunningProgramAtFirst) {
   EXPECT_TRUE(std::filesystem::exists(LinuxBundle::folderOfTheProgram() / "backend_processes"));
 }
 
+TEST(LinuxBundle, IsWhereTheRunningProgramIsAndHasNoIdentifier) {
+  const TemporaryFolder folder;
+  const LinuxBundle bundle(folder.path());
+  EXPECT_EQ(bundle.url(),
+            "file://" + (LinuxBundle::folderOfTheProgram() / "backend_processes").string());
+  EXPECT_EQ(bundle.identifier(), std::nullopt);
+}
+
 }  // namespace
 }  // namespace talmo::test

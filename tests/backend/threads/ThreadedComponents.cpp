@@ -15,7 +15,10 @@
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
 #include "tests/component/OnboardingModelTest.h"
+#include "tests/component/PanelTest.h"
+#include "tests/component/PanelWiringTest.h"
 #include "tests/component/PlayerDetectionTest.h"
+#include "tests/component/StatusItemControllerTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
 #include "tests/component/WebTabDetectionTest.h"
@@ -63,6 +66,11 @@ INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, NowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, OnboardingModelTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, PlayerDetectionTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, PanelControllerTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, PanelKeysTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, PanelOffersTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, PanelWiringTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, StatusItemControllerTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, SystemNowPlayingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebPlayerControllerTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, WebTabDetectionTest, world);

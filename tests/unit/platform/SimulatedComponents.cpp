@@ -10,8 +10,11 @@
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
 #include "tests/component/OnboardingModelTest.h"
+#include "tests/component/PanelTest.h"
+#include "tests/component/PanelWiringTest.h"
 #include "tests/component/PlayerDetectionTest.h"
 #include "tests/component/SimulatedWorld.h"
+#include "tests/component/StatusItemControllerTest.h"
 #include "tests/component/SystemNowPlayingTest.h"
 #include "tests/component/WebPlayerControllerTest.h"
 #include "tests/component/WebTabDetectionTest.h"
@@ -39,6 +42,11 @@ INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, NowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, OnboardingModelTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, PlayerDetectionTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, PanelControllerTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, PanelKeysTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, PanelOffersTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, PanelWiringTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, StatusItemControllerTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, SystemNowPlayingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebPlayerControllerTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, WebTabDetectionTest, worlds);

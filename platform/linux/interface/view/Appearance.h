@@ -24,10 +24,8 @@ class Appearance : public QObject {
  signals:
   void changed();
 
- private slots:
-  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
  private:
+  Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
   void ask();
   void believe(std::optional<bool> preference);
   void decide();

@@ -3,10 +3,13 @@
 #include <QAccessible>
 #include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
+#include <QHelpEvent>
+#include <QLabel>
 #include <QMargins>
 #include <QPainter>
 #include <QPen>
 #include <QStringList>
+#include <QToolTip>
 #include <utility>
 
 #include "platform/linux/interface/view/Metrics.h"
@@ -117,6 +120,18 @@ QSize ButtonPart::sizeHint() const {
 
 QSize ButtonPart::minimumSizeHint() const {
   return {0, sizeHint().height()};
+}
+
+bool ButtonPart::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QAbstractButton::event(event);
+  // The mouse does not see the texts in it, of which one may be cut.
+  for (const QLabel* label : findChildren<QLabel*>()) {
+    if (label->toolTip().isEmpty()) continue;
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), label->toolTip(), this);
+    return true;
+  }
+  event->ignore();
+  return true;
 }
 
 void ButtonPart::paintEvent(QPaintEvent*) {

@@ -1,6 +1,5 @@
 #include "platform/linux/interface/view/ContentView.h"
 
-#include <algorithm>
 #include <QEvent>
 #include <QPainter>
 
@@ -28,9 +27,10 @@ QSize ContentView::sizeHint() const {
 }
 
 void ContentView::paintEvent(QPaintEvent*) {
-  // Here and not below the root: the ground follows the window while that changes its size.
+  const bool isWindow = content_.role == ViewRole::glass || content_.role == ViewRole::material;
+  if (!isWindow || look_.palette == nullptr) return;
   QPainter painter(this);
-  if (look_.palette != nullptr) paintGround(painter, rect(), content_.role, *look_.palette);
+  paintGlass(painter, rect(), *look_.palette);
 }
 
 void ContentView::resizeEvent(QResizeEvent* event) {
@@ -67,9 +67,7 @@ void ContentView::render() {
 }
 
 void ContentView::layOut() {
-  // A window that is still growing shows the upper part; one that cannot grow makes the list
-  // scroll.
-  if (root_ != nullptr) root_->widget().setGeometry({QPoint(), size().expandedTo({0, 0})});
+  if (root_ != nullptr) root_->widget().setGeometry(rect());
 }
 
 }  // namespace talmo

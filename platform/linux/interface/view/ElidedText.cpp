@@ -25,12 +25,9 @@ QString withoutEnd(QString text) {
 ElidedText ElidedText::of(const QString& text, const QFontMetricsF& metrics, qreal width) {
   if (metrics.horizontalAdvance(text) <= width) return {.text = text};
   QTextBoundaryFinder words(QTextBoundaryFinder::Word, text);
-  QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
   QString longest;
   for (qsizetype end = words.toNextBoundary(); end > 0 && end < text.size();
        end = words.toNextBoundary()) {
-    characters.setPosition(end);
-    if (!characters.isAtBoundary()) continue;
     const QString beginning = withoutEnd(text.left(end));
     if (beginning.isEmpty()) continue;
     const QString candidate = beginning + QChar(0x2026);

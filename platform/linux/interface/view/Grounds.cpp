@@ -26,6 +26,8 @@ void paintBox(QPainter& painter, const QRectF& place, qreal radius, const QColor
                           radius - inset);
 }
 
+}  // namespace
+
 void paintGlass(QPainter& painter, const QRectF& place, const Palette& palette) {
   paintBox(painter, place, Metrics::glassRadius, palette.glass, palette.glassBorder);
   // Light falls on the upper edge and is gone where the corners end.
@@ -42,19 +44,8 @@ void paintGlass(QPainter& painter, const QRectF& place, const Palette& palette) 
                           Metrics::glassRadius - inset, Metrics::glassRadius - inset);
 }
 
-// How strong the light of a picture is beside it, and at the far end of the card. The contrast of
-// the card's texts is measured with the first.
-constexpr float nearTint = Palette::strongestTint;
-constexpr float farTint = 0.03F;
-
-}  // namespace
-
 void paintGround(QPainter& painter, const QRectF& place, ViewRole role, const Palette& palette) {
   switch (role) {
-    case ViewRole::glass:
-    case ViewRole::material:
-      paintGlass(painter, place, palette);
-      break;
     case ViewRole::card:
     case ViewRole::offer:
       paintBox(painter, place, Metrics::cardRadius, palette.card, palette.cardBorder);
@@ -75,14 +66,10 @@ void paintGround(QPainter& painter, const QRectF& place, ViewRole role, const Pa
 }
 
 void paintTint(QPainter& painter, const QRectF& place, QColor tint) {
-  QLinearGradient light(place.topLeft(), place.topRight());
-  tint.setAlphaF(nearTint);
-  light.setColorAt(0, tint);
-  tint.setAlphaF(farTint);
-  light.setColorAt(1, tint);
+  tint.setAlphaF(Palette::tintAlpha);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(light);
+  painter.setBrush(tint);
   painter.drawRoundedRect(place, Metrics::cardRadius, Metrics::cardRadius);
 }
 

@@ -4,7 +4,7 @@ namespace talmo {
 
 const Palette& Palette::light() {
   static const Palette palette{
-      .glass = QColor(247, 246, 251, 237),
+      .glass = QColor(247, 246, 251, 246),
       .glassLight = QColor(255, 255, 255, 230),
       .glassBorder = QColor(24, 18, 48, 44),
       .card = QColor(255, 255, 255, 170),
@@ -40,7 +40,7 @@ const Palette& Palette::light() {
 
 const Palette& Palette::dark() {
   static const Palette palette{
-      .glass = QColor(29, 27, 36, 240),
+      .glass = QColor(29, 27, 36, 246),
       .glassLight = QColor(255, 255, 255, 26),
       .glassBorder = QColor(255, 255, 255, 30),
       .card = QColor(255, 255, 255, 14),

@@ -6,8 +6,8 @@ namespace talmo {
 
 /// The colours of a look. Translucent ones lie on those that are drawn below them.
 struct Palette {
-  /// Of the light that a picture throws on the card it is in: its alpha.
-  static constexpr float strongestTint = 0.12F;
+  /// How much of its colour a picture throws on the card it is in.
+  static constexpr float tintAlpha = 0.08F;
 
   // Grounds, from the window's upwards.
   QColor glass;

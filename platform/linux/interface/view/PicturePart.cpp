@@ -57,10 +57,13 @@ const QImage& PicturePart::scaled() {
   const qreal scale = devicePixelRatioF();
   const QSize pixels = (QSizeF(size()) * scale).toSize();
   if (scaled_.size() == pixels) return scaled_;
-  const QImage whole(image_->pixels->data(), image_->width, image_->height, image_->width * 4,
+  const QImage whole(image_->pixels->data(), image_->width, image_->height,
                      QImage::Format_RGBA8888);
+  // A large artwork is first thinned out: smoothing all of it takes longer than a frame.
+  const bool isLarge = whole.width() > 8 * pixels.width() && whole.height() > 8 * pixels.height();
+  const QImage thinned = isLarge ? whole.scaled(4 * pixels, Qt::KeepAspectRatioByExpanding) : whole;
   const QImage fitted =
-      whole.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+      thinned.convertToFormat(QImage::Format_ARGB32_Premultiplied)
           .scaled(pixels, isIcon() ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding,
                   Qt::SmoothTransformation);
   // Its middle, where it is cut or does not fill the place.

@@ -1,6 +1,8 @@
 #include "platform/linux/interface/view/SectionPart.h"
 
 #include <algorithm>
+#include <QPainter>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <span>
 
@@ -26,6 +28,7 @@ SectionPart::SectionPart(const View& view, const Look& look, QWidget* parent)
   layout_.addWidget(&area_);
   headingLayout_.setContentsMargins(Metrics::step, Metrics::small, Metrics::step, 0);
   listLayout_.setContentsMargins(0, 0, 0, 0);
+  connect(area_.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { update(); });
 }
 
 void SectionPart::setView(const View& view) {
@@ -41,6 +44,14 @@ void SectionPart::setView(const View& view) {
   ButtonPart* row = highlighted();
   if (row != revealed_ && row != nullptr) reveal(*row);
   revealed_ = row;
+}
+
+void SectionPart::paintEvent(QPaintEvent*) {
+  // A line above the list while rows go on there.
+  if (area_.verticalScrollBar()->value() == 0) return;
+  QPainter painter(this);
+  const qreal width = 1 / devicePixelRatioF();
+  painter.fillRect(QRectF(0, area_.y() - width, area_.width(), width), look().palette->hairline);
 }
 
 void SectionPart::resizeEvent(QResizeEvent* event) {

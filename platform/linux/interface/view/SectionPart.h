@@ -22,6 +22,7 @@ class SectionPart : public QWidget, public Part {
   void setView(const View& view) override;
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

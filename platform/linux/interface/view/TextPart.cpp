@@ -39,9 +39,6 @@ TextPart::TextPart(const View& view, ViewRole container, const Look& look, QWidg
 
 void TextPart::setView(const View& view) {
   setFont(textFont(role(), container_, QApplication::font()));
-  QPalette colours = palette();
-  colours.setBrush(QPalette::WindowText, textColour(role(), container_, *look().palette));
-  setPalette(colours);
   whole_ = QString::fromStdString(view.text);
   setAccessibleName(
       view.accessibilityLabel.empty() ? whole_ : QString::fromStdString(view.accessibilityLabel));
@@ -53,6 +50,7 @@ void TextPart::setView(const View& view) {
     fit();
   } else {
     setText(whole_);
+    draw(textColour(role(), container_, *look().palette));
   }
 }
 
@@ -77,11 +75,13 @@ void TextPart::fit() {
   const ElidedText shown = ElidedText::of(whole_, QFontMetricsF(font()), width());
   setText(shown.text);
   setToolTip(shown == ElidedText{.text = whole_} ? QString() : whole_);
-  QPalette colours = palette();
   const QColor colour = textColour(role(), container_, *look().palette);
-  colours.setBrush(QPalette::WindowText, shown.fades
-                                             ? fading(colour, width(), shown.text.isRightToLeft())
-                                             : QBrush(colour));
+  draw(shown.fades ? fading(colour, width(), shown.text.isRightToLeft()) : QBrush(colour));
+}
+
+void TextPart::draw(const QBrush& brush) {
+  QPalette colours = palette();
+  colours.setBrush(QPalette::WindowText, brush);
   setPalette(colours);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBrush>
 #include <QLabel>
 #include <QSize>
 #include <QString>
@@ -25,7 +26,9 @@ class TextPart : public QLabel, public Part {
 
  private:
   bool isOneLine() const { return role() != ViewRole::body; }
+  /// Shows as much of the text as there is room for.
   void fit();
+  void draw(const QBrush& brush);
 
   const ViewRole container_;
   QString whole_;

@@ -1,8 +1,10 @@
 #include <QFont>
+#include <QHelpEvent>
 #include <QPointer>
 #include <QScrollBar>
 #include <QSize>
 #include <QTest>
+#include <QToolTip>
 #include <string>
 #include <vector>
 
@@ -42,6 +44,14 @@ TEST_F(ContentViewTest, ShowsTextsInTheirOrder) {
   EXPECT_THAT(shownTexts(parts<TextPart>()), ElementsAre("Third", "Second, later", "First"));
   show(panel({text("two", "Alone")}));
   EXPECT_THAT(shownTexts(parts<TextPart>()), ElementsAre("Alone"));
+}
+
+TEST_F(ContentViewTest, StandsOnOneLayerOfGlass) {
+  show(panel({text("one", "First"), list({row("a")})}));
+  const QImage picture = content_.grab().toImage();
+  const int alpha = (appearance_.isDark() ? Palette::dark() : Palette::light()).glass.alpha();
+  EXPECT_NEAR(picture.pixelColor(4, picture.height() / 2).alpha(), alpha, 1);
+  EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
 }
 
 TEST_F(ContentViewTest, KeepsTheWidgetsOfWhatStays) {
@@ -234,6 +244,19 @@ TEST_F(ContentViewTest, SaysAllOfATextThatIsCut) {
   EXPECT_EQ(texts[0]->toolTip().toStdString(), long_);
   EXPECT_EQ(texts[0]->accessibleName().toStdString(), long_);
   EXPECT_EQ(texts[1]->toolTip(), QString());
+}
+
+TEST_F(ContentViewTest, SaysAllOfARowsNameThatIsCut) {
+  const std::string name = "A player whose name is far too long for the row that it is in";
+  show(panel({list({row(name), row("Short")})}));
+  const auto tipOver = [](QWidget& widget) {
+    QToolTip::hideText();
+    QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), widget.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&widget, &help);
+    return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
+  };
+  EXPECT_EQ(tipOver(button("Short")), "");
+  EXPECT_EQ(tipOver(button(name)), name);
 }
 
 TEST_F(ContentViewTest, TakesATextForPlainWhateverItSays) {

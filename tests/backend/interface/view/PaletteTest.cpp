@@ -61,7 +61,7 @@ std::vector<Ground> tinted(const std::vector<Ground>& cards) {
   std::vector<Ground> grounds = cards;
   for (int hue = 0; hue < 360; hue += 15) {
     QColor tint = QColor::fromHsl(hue, 191, 128);
-    tint.setAlphaF(Palette::strongestTint);
+    tint.setAlphaF(Palette::tintAlpha);
     const auto lit = laid("tint " + std::to_string(hue), tint, cards);
     grounds.insert(grounds.end(), lit.begin(), lit.end());
   }

@@ -84,7 +84,10 @@ class ViewTest : public testing::Test {
     for (QWidget* widget : content_.findChildren<QWidget*>()) {
       if (auto* part = dynamic_cast<Type*>(widget)) found.push_back(part);
     }
-    std::ranges::stable_sort(found, {}, [this](QWidget* widget) { return placeOf(*widget).y(); });
+    std::ranges::sort(found, {}, [this](QWidget* widget) {
+      const QPoint place = placeOf(*widget);
+      return std::pair(place.y(), place.x());
+    });
     return found;
   }
 

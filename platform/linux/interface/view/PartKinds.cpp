@@ -1,7 +1,6 @@
-#include "platform/linux/interface/view/Part.h"
-
 #include "platform/linux/interface/view/ButtonPart.h"
 #include "platform/linux/interface/view/EqualizerPart.h"
+#include "platform/linux/interface/view/Part.h"
 #include "platform/linux/interface/view/PicturePart.h"
 #include "platform/linux/interface/view/SectionPart.h"
 #include "platform/linux/interface/view/SegmentPart.h"
@@ -12,6 +11,7 @@
 
 namespace talmo {
 
+// Apart from the part itself, as the kinds hold parts in turn.
 Part* Part::make(const View& view, ViewRole container, const Look& look, QWidget* parent) {
   switch (view.kind) {
     case ViewKind::vertical:
