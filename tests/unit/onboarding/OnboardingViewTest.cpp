@@ -6,6 +6,7 @@
 #include "onboarding/OnboardingView.h"
 #include "players/TargetAppRegistry.h"
 #include "tests/component/SimulatedWorld.h"
+#include "tests/support/ViewOutline.h"
 #include "tests/unit/onboarding/ViewReading.h"
 
 namespace talmo::test {
@@ -57,7 +58,7 @@ class OnboardingViewTest : public testing::Test {
 
 TEST_F(OnboardingViewTest, AsksForTheSwitch) {
   EXPECT_THAT(
-      textsOf(view()),
+      texts(view()),
       ElementsAre("Almost.", "One switch.", "Catches your media keys",
                   "Can't read your screen or files", "macOS makes you flip this one yourself.",
                   "Talmo", "Waiting for the switch.", "Later", "Open System Settings"));
@@ -77,7 +78,7 @@ TEST_F(OnboardingViewTest, OpensTheSettingsAndGoesOnLater) {
 TEST_F(OnboardingViewTest, HelpsWhoeverDoesNotFindTheSwitch) {
   model_->showReopenHelper.set(true);
   EXPECT_THAT(
-      textsOf(view()),
+      texts(view()),
       ElementsAre("Almost.", "One switch.", "Catches your media keys",
                   "Can't read your screen or files", "macOS makes you flip this one yourself.",
                   "Talmo", "Waiting for the switch.", "Can't find it? Reopen System Settings",
@@ -91,8 +92,8 @@ TEST_F(OnboardingViewTest, HelpsWhoeverDoesNotFindTheSwitch) {
 
 TEST_F(OnboardingViewTest, SaysThatTheSwitchIsOn) {
   model_->isTrusted.set(true);
-  EXPECT_THAT(textsOf(view()), Contains("Accessibility access granted"));
-  EXPECT_THAT(textsOf(view()), Not(Contains("Waiting for the switch.")));
+  EXPECT_THAT(texts(view()), Contains("Accessibility access granted"));
+  EXPECT_THAT(texts(view()), Not(Contains("Waiting for the switch.")));
   EXPECT_THAT(symbolsOf(view()), ElementsAre("checkmark.circle"));
   EXPECT_TRUE(isSwitchOn());
 }
@@ -101,7 +102,7 @@ TEST_F(OnboardingViewTest, OffersAReopeningWhenTheSwitchDidNotHelp) {
   model_->isTrusted.set(true);
   model_->showTapFailed.set(true);
   EXPECT_THAT(
-      textsOf(view()),
+      texts(view()),
       ElementsAre("Almost.", "One switch.", "Catches your media keys",
                   "Can't read your screen or files", "macOS makes you flip this one yourself.",
                   "Talmo", "Accessibility access granted",
@@ -116,10 +117,9 @@ TEST_F(OnboardingViewTest, SaysWhereTheKeysGo) {
   machine().applications().install({"com.spotify.client", "Spotify"});
   model_->step.set(Step::done);
   route("spotify");
-  EXPECT_THAT(textsOf(view()),
-              ElementsAre("Done.", "Spotify", "Your keys route here now",
-                          "Play/pause now plays and pauses.", "Change it anytime from the menu bar",
-                          "Start listening"));
+  EXPECT_THAT(texts(view()), ElementsAre("Done.", "Spotify", "Your keys route here now",
+                                         "Play/pause now plays and pauses.",
+                                         "Change it anytime from the menu bar", "Start listening"));
   EXPECT_THAT(symbolsOf(view()),
               ElementsAre("checkmark.circle.fill", "slider.horizontal.3", "arrow.right"));
   EXPECT_THAT(segments(), ElementsAre(false, true));
@@ -133,14 +133,13 @@ TEST_F(OnboardingViewTest, TellsOfTheQuestionThatWillCome) {
   model_->step.set(Step::done);
   route("spotify");
   model_->automationPrimerPlayerName.set("Spotify");
-  EXPECT_THAT(textsOf(view()), Contains("macOS will ask once to let Talmo talk to Spotify"));
+  EXPECT_THAT(texts(view()), Contains("macOS will ask once to let Talmo talk to Spotify"));
 }
 
 TEST_F(OnboardingViewTest, SaysWhatToDoWithoutAPlayer) {
   model_->step.set(Step::done);
-  EXPECT_THAT(textsOf(view()),
-              ElementsAre("Done.", "Install one and Talmo finds it",
-                          "Change it anytime from the menu bar", "Start listening"));
+  EXPECT_THAT(texts(view()), ElementsAre("Done.", "Install one and Talmo finds it",
+                                         "Change it anytime from the menu bar", "Start listening"));
 }
 
 TEST_F(OnboardingViewTest, FinishesOnce) {

@@ -15,20 +15,12 @@ void visit(const View& view, const Visitor& visitor) {
   for (const View& child : view.children) visit(child, visitor);
 }
 
-inline std::vector<std::string> namesOf(const View& view, ViewKind kind) {
+inline std::vector<std::string> symbolsOf(const View& view) {
   std::vector<std::string> found;
   visit(view, [&](const View& part) {
-    if (part.kind == kind) found.push_back(part.text);
+    if (part.kind == ViewKind::symbol) found.push_back(part.text);
   });
   return found;
-}
-
-inline std::vector<std::string> textsOf(const View& view) {
-  return namesOf(view, ViewKind::text);
-}
-
-inline std::vector<std::string> symbolsOf(const View& view) {
-  return namesOf(view, ViewKind::symbol);
 }
 
 /// The button with that text; nothing (a null pointer) when there is none.
