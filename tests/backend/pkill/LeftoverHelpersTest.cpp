@@ -81,7 +81,7 @@ class LeftoverHelpers : public testing::Test {
     });
     EXPECT_EQ(child->launch(), std::nullopt);
     child->waitUntilExit();
-    EXPECT_TRUE(waitUntil([&] { return hasEnded; }, patience));
+    EXPECT_TRUE(waitUntil([&] { return hasEnded.load(); }, patience));
     return status;
   }
 

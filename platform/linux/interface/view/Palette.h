@@ -45,6 +45,7 @@ struct Palette {
   /// Of what has come true.
   QColor success;
   QColor toggleOff;
+  QColor toggleOn;
   QColor toggleKnob;
   /// One that is not filled.
   QColor segment;

@@ -56,7 +56,7 @@ void TogglePart::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(between(palette.toggleOff, palette.prominent, position_));
+  painter.setBrush(between(palette.toggleOff, palette.toggleOn, position_));
   const QRectF track(rect());
   painter.drawRoundedRect(track, track.height() / 2, track.height() / 2);
   const qreal side = track.height() - 2 * knobInset;
