@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "app/Preferences.h"
-#include "app/UpdaterController.h"
 #include "platform/Platform.h"
 #include "players/ControllerFactory.h"
 #include "players/TargetAppRegistry.h"
@@ -36,82 +35,6 @@ AppCoordinator::AppCoordinator()
       panelController_(PanelController::make()),
       commandQueue_(platform().dispatch().makeSerialQueue("nl.brelm.talmo.commands",
                                                           QualityOfService::unspecified)) {}
-
-void AppCoordinator::start() {
-  tap_->setDelegate(weak_from_this());
-  connectInterface();
-  permission_->onChange = [weak = weak_from_this()](bool isTrusted) {
-    const std::shared_ptr<AppCoordinator> self = weak.lock();
-    if (!self) return;
-    log.info("Accessibility permission changed: %{bool}d", isTrusted);
-    self->statusItemController_->setPermissionWarning(!isTrusted);
-    if (isTrusted) {
-      self->startTap();
-    } else {
-      self->tap_->stop();
-    }
-    self->refreshPanel();
-  };
-  permission_->onStaleTrustSuspected = [weak = weak_from_this()] {
-    if (const std::shared_ptr<AppCoordinator> self = weak.lock()) self->refreshPanel();
-  };
-  permission_->promptIfNeeded();
-  log.info("Accessibility permission at launch: %{bool}d", permission_->isTrusted());
-  if (permission_->isTrusted()) startTap();
-  permission_->startMonitoring();
-  // A tap that could not be made is missing a permission, too.
-  statusItemController_->setPermissionWarning(!permission_->isTrusted() || !tap_->isRunning());
-  refreshPanel();
-  updateActiveController();
-  // It is made here, so that it looks for updates from the start.
-  UpdaterController::shared();
-}
-
-void AppCoordinator::connectInterface() {
-  statusItemController_->setOnLeftClick([weak = weak_from_this()] {
-    const std::shared_ptr<AppCoordinator> self = weak.lock();
-    if (self) self->panelController_->toggle(self->statusItemController_->button());
-  });
-  panelController_->setOnSelectTarget(
-      [weak = weak_from_this()](const std::optional<std::string>& id) {
-        const std::shared_ptr<AppCoordinator> self = weak.lock();
-        if (!self) return;
-        Preferences::setSelectedTargetAppID(id.value_or(std::string(Preferences::autoSentinel)));
-        self->updateActiveController();
-      });
-  heroTarget_ = HeroTarget::make([weak = weak_from_this()] {
-    const std::shared_ptr<AppCoordinator> self = weak.lock();
-    if (self) self->panelController_->nowPlaying().pollNow();
-  });
-  NowPlaying& nowPlaying = panelController_->nowPlaying();
-  nowPlaying.setTargetProvider(
-      [weak = weak_from_this(), &nowPlaying]() -> std::optional<TargetApp> {
-        const std::shared_ptr<AppCoordinator> self = weak.lock();
-        if (!self) return std::nullopt;
-        return self->heroTarget_->target(self->currentTargetID_, nowPlaying.mediaOwnerBundleID(),
-                                         nowPlaying.mediaOwnerTitle().value_or(""));
-      });
-}
-
-void AppCoordinator::openPanel() {
-  panelController_->open(statusItemController_->button());
-}
-
-void AppCoordinator::refreshPanel() {
-  panelController_->setPermissionState(permission_->isTrusted(), tap_->isRunning(),
-                                       permission_->sawChangeWhileUntrusted());
-  panelController_->setSelection(currentTargetID_);
-}
-
-void AppCoordinator::startTap() {
-  if (tap_->start()) {
-    log.info("Event tap running");
-  } else {
-    log.error("Event tap creation failed; treating as missing permission");
-    statusItemController_->setPermissionWarning(true);
-  }
-  refreshPanel();
-}
 
 void AppCoordinator::updateActiveController() {
   std::string selection =

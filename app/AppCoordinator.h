@@ -8,6 +8,7 @@
 #include "app/HeroTarget.h"
 #include "keys/MediaKeyTap.h"
 #include "keys/MediaKeyTapDelegate.h"
+#include "onboarding/OnboardingWindowController.h"
 #include "panel/PanelController.h"
 #include "panel/StatusItemController.h"
 #include "permissions/AccessibilityPermission.h"
@@ -31,8 +32,8 @@ class AppCoordinator : public MediaKeyTapDelegate,
  public:
   static std::shared_ptr<AppCoordinator> make();
 
-  /// Becomes the tap's delegate, sets the routing state, and from then on has the tap run while the
-  /// program is trusted. Once, main thread.
+  /// Connects everything, sets the routing state, and from then on has the tap run while the
+  /// program is trusted; the first time ever it shows the first run. Once, main thread.
   void start();
 
   /// Opens the panel, unless it is open. Main thread.
@@ -64,9 +65,16 @@ class AppCoordinator : public MediaKeyTapDelegate,
 
   AppCoordinator();
 
-  void startTap();
+  // The start (StartUp.cpp). Main thread.
   void connectInterface();
+  void connectPermission();
+  void showOnboarding();
+  bool onboardingWasGranted();
+  void onboardingHasFinished();
+  void startTap();
+  void showPermissionWarning();
   void refreshPanel();
+
   void route(bool isAutoRouting, const std::shared_ptr<MusicAppController>& fixed, MediaKey key);
 
   // Auto routing (AutoRouting.cpp). Command queue.
@@ -79,6 +87,8 @@ class AppCoordinator : public MediaKeyTapDelegate,
   const std::shared_ptr<StatusItemController> statusItemController_;
   const std::shared_ptr<PanelController> panelController_;
   std::shared_ptr<HeroTarget> heroTarget_;
+  // While the first run is shown.
+  std::shared_ptr<OnboardingWindowController> onboardingWindowController_;
   const std::shared_ptr<Queue> commandQueue_;
   Mutex controllerLock_;
   std::shared_ptr<MusicAppController> _activeController TALMO_GUARDED_BY(controllerLock_);

@@ -37,6 +37,7 @@ void decide(benchmark::State& state, const char* selection, std::int64_t data1) 
   SimulatedDispatch& time = *dispatch;
   SimulatedPlatform machine(std::move(dispatch));
   machine.userDefaults().setString("selectedTargetAppID", selection);
+  machine.userDefaults().setBoolean("hasCompletedOnboarding", true);
   const auto coordinator = AppCoordinator::make();
   coordinator->start();
   MediaKeyEvent event(data1);

@@ -12,9 +12,13 @@ constexpr Logger log("adapter");
 
 }  // namespace
 
+std::optional<std::string> AdapterFiles::scriptPath() {
+  return platform().bundle().resourcePath("mediaremote-adapter", "pl");
+}
+
 std::optional<AdapterFiles> AdapterFiles::find() {
   const Bundle& bundle = platform().bundle();
-  std::optional<std::string> script = bundle.resourcePath("mediaremote-adapter", "pl");
+  std::optional<std::string> script = scriptPath();
   const std::optional<std::string> frameworks = bundle.privateFrameworksPath();
   if (script && frameworks) {
     std::string framework = *frameworks + "/MediaRemoteAdapter.framework";

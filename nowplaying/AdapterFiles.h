@@ -15,6 +15,9 @@ struct AdapterFiles {
   std::string script;
   std::string framework;
 
+  /// Where the script is said to be; nothing when the program was delivered without. Any thread.
+  static std::optional<std::string> scriptPath();
+
   /// Looks for both; when one is missing, says so in the log and gives nothing. Any thread.
   static std::optional<AdapterFiles> find();
 

@@ -5,6 +5,7 @@
 
 #include "panel/GearMenuButton.h"
 #include "panel/ViewParts.h"
+#include "platform/Platform.h"
 #include "players/TargetAppRegistry.h"
 
 namespace talmo {
@@ -18,7 +19,7 @@ View footerRow(const PanelViewModel& model) {
     summary = "Your keys go to " + pinned->displayName;
     detail = "Ready when you are";
   } else if (model.isRoutingOff.get()) {
-    summary = "Media keys: macOS default";
+    summary = platform().wording().of("Media keys: macOS default");
   }
   return horizontalView("footer", ViewRole::footer,
                         {verticalView("texts", ViewRole::group,

@@ -21,6 +21,8 @@
 #include "platform/SoftwareUpdate.h"
 #include "platform/StatusBar.h"
 #include "platform/UserDefaults.h"
+#include "platform/Windows.h"
+#include "platform/Wording.h"
 #include "platform/Workspace.h"
 
 namespace talmo {
@@ -56,6 +58,8 @@ class Platform {
   virtual SoftwareUpdate& softwareUpdate() = 0;
   virtual StatusBar& statusBar() = 0;
   virtual UserDefaults& userDefaults() = 0;
+  virtual Windows& windows() = 0;
+  virtual Wording& wording() = 0;
   virtual Workspace& workspace() = 0;
   /// The notification centre that the workspace posts to.
   virtual Notifications& workspaceNotifications() = 0;

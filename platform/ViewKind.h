@@ -21,6 +21,10 @@ enum class ViewKind {
   button,
   /// A few bars that dance while `isOn`.
   equalizer,
+  /// One of the steps of something; filled while `isOn`.
+  segment,
+  /// The picture of a switch, on while `isOn`.
+  toggle,
 };
 
 }  // namespace talmo

@@ -8,8 +8,16 @@ enum class ViewRole {
   // Stacks.
   /// No look of its own: things that belong together, close to each other.
   group,
-  /// The translucent ground of a whole window.
+  /// The translucent ground of a whole panel.
   glass,
+  /// The translucent ground of a window of a fixed size.
+  material,
+  /// What a window shows at a time; takes the height that the others leave.
+  step,
+  /// The buttons at the lower edge of a step; the last one stands apart from the others.
+  tray,
+  /// How many steps there are, and which is shown.
+  segments,
   /// Something does not work and can be mended.
   warning,
   /// What the view is about, prominently.
@@ -23,6 +31,8 @@ enum class ViewRole {
   chip,
 
   // Texts; all but `body` stay on one line.
+  /// What a step is about, in a few words; also a line of such a text and a symbol.
+  headline,
   title,
   /// The name of a thing in a list.
   label,
@@ -37,17 +47,25 @@ enum class ViewRole {
   icon,
   symbol,
   warningSymbol,
+  /// Says that something has come true.
+  successSymbol,
   /// Marks what is chosen.
   mark,
 
   // Buttons.
   row,
+  /// What a window wants pressed; the Return key presses it.
+  primaryButton,
+  /// The way around it.
+  ghostButton,
   prominentButton,
   plainButton,
   linkButton,
   iconButton,
 
   equalizer,
+  segment,
+  toggle,
 };
 
 }  // namespace talmo

@@ -45,6 +45,10 @@ Panels& LinuxPlatform::panels() {
   return interface_->panels;
 }
 
+Windows& LinuxPlatform::windows() {
+  return interface_->windows;
+}
+
 StatusBar& LinuxPlatform::statusBar() {
   return interface_->statusBar;
 }

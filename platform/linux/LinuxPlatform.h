@@ -14,6 +14,7 @@
 #include "platform/linux/interface/LinuxOwnApplication.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/LinuxSoftwareUpdate.h"
+#include "platform/linux/LinuxWording.h"
 #include "platform/linux/log/LinuxLog.h"
 #include "platform/linux/login/LinuxLoginItem.h"
 #include "platform/linux/mediasession/LinuxMediaRemote.h"
@@ -58,6 +59,8 @@ class LinuxPlatform : public Platform {
   LinuxSoftwareUpdate& softwareUpdate() override { return softwareUpdate_; }
   StatusBar& statusBar() override;
   LinuxUserDefaults& userDefaults() override { return userDefaults_; }
+  Windows& windows() override;
+  LinuxWording& wording() override { return wording_; }
   LinuxWorkspace& workspace() override { return workspace_; }
   MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
 
@@ -78,6 +81,7 @@ class LinuxPlatform : public Platform {
   LinuxAccessibility accessibility_;
   LinuxAppleEvents appleEvents_;
   LinuxAudioObjects audioObjects_;
+  LinuxWording wording_;
   LinuxWorkspace workspace_;
   MainQueueNotifications notifications_;
   MainQueueNotifications workspaceNotifications_;

@@ -13,7 +13,6 @@
 #include "platform/linux/interface/ToolkitExit.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
-#include "platform/linux/x11/XConnection.h"
 #include "platform/Platform.h"
 #include "support/Logger.h"
 
@@ -52,6 +51,13 @@ std::optional<int> leaveItToAnother(InstanceName& instance, bool isSuccessor) {
   return std::nullopt;
 }
 
+int failWithoutDisplay() {
+  const char* const display = std::getenv("DISPLAY");
+  std::fprintf(stderr, "talmo: there is no X display to take media keys from (DISPLAY is %s)\n",
+               display != nullptr ? display : "not set");
+  return EXIT_FAILURE;
+}
+
 /// Frees the keys and waits for what still runs, but not for long; returns when nothing does.
 void leave(LinuxPlatform& platform, AppCoordinator& coordinator, int status) {
   coordinator.tap().stop();
@@ -79,12 +85,6 @@ int serve(LinuxPlatform& platform, AppCoordinator& coordinator, InstanceName& in
   });
 
   coordinator.start();
-  if (!coordinator.tap().isRunning() && !XConnection::open()) {
-    const char* const display = std::getenv("DISPLAY");
-    std::fprintf(stderr, "talmo: there is no X display to take media keys from (DISPLAY is %s)\n",
-                 display != nullptr ? display : "not set");
-    return EXIT_FAILURE;
-  }
   instance.serve([&coordinator] { coordinator.openPanel(); });
   dispatch.runMainLoop();
 
@@ -114,6 +114,7 @@ int main(int count, char** arguments) {
   int status = EXIT_SUCCESS;
   {
     const auto toolkit = talmo::Toolkit::connect();
+    if (!toolkit) return talmo::failWithoutDisplay();
     talmo::InstanceName instance;
     if (const auto elsewhere = talmo::leaveItToAnother(instance, isSuccessor)) return *elsewhere;
     talmo::LinuxPlatform platform;

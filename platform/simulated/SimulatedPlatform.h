@@ -24,6 +24,8 @@
 #include "platform/simulated/SimulatedSoftwareUpdate.h"
 #include "platform/simulated/SimulatedStatusBar.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedWindows.h"
+#include "platform/simulated/SimulatedWording.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 #include "support/MainQueueNotifications.h"
 
@@ -76,6 +78,8 @@ class SimulatedPlatform : public Platform {
   SimulatedSoftwareUpdate& softwareUpdate() override { return softwareUpdate_; }
   SimulatedStatusBar& statusBar() override { return statusBar_; }
   SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
+  SimulatedWindows& windows() override { return windows_; }
+  SimulatedWording& wording() override { return wording_; }
   SimulatedWorkspace& workspace() override { return workspace_; }
   MainQueueNotifications& workspaceNotifications() override { return workspaceNotifications_; }
 
@@ -103,6 +107,8 @@ class SimulatedPlatform : public Platform {
   SimulatedPanels panels_{application_, eventMonitors_};
   SimulatedSoftwareUpdate softwareUpdate_;
   SimulatedStatusBar statusBar_{application_, eventMonitors_};
+  SimulatedWindows windows_{application_};
+  SimulatedWording wording_;
   SimulatedWorkspace workspace_{applications_, *dispatch_};
   MainQueueNotifications notifications_{*dispatch_};
   MainQueueNotifications distributedNotifications_{*dispatch_};

@@ -16,9 +16,10 @@ class AppCoordinatorTest : public ComponentTest {
   static constexpr const char* spotify = "com.spotify.client";
   static constexpr const char* vlc = "org.videolan.vlc";
 
-  /// A coordinator that has started with this selection; nothing for a fresh install.
+  /// A coordinator that has started with this selection, or without one, after the first run.
   std::shared_ptr<AppCoordinator> started(const std::optional<std::string>& selection) {
     machine().userDefaults().setString("selectedTargetAppID", selection);
+    machine().userDefaults().setBoolean("hasCompletedOnboarding", true);
     const auto coordinator = AppCoordinator::make();
     coordinator->start();
     return coordinator;

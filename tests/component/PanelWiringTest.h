@@ -21,6 +21,7 @@ class PanelWiringTest : public WebTest {
   /// Starts the program with this selection; nothing for a fresh install.
   void start(const std::optional<std::string>& selection = std::nullopt) {
     machine().userDefaults().setString("selectedTargetAppID", selection);
+    machine().userDefaults().setBoolean("hasCompletedOnboarding", true);
     coordinator_ = AppCoordinator::make();
     coordinator_->start();
   }

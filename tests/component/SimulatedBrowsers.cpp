@@ -15,6 +15,8 @@ namespace {
 
 using Kind = SimulatedBrowsers::Kind;
 
+constexpr const char* perl = "/usr/bin/perl";
+
 bool isOsascript(const ChildProcessParameters& parameters) {
   return parameters.executable == "/usr/bin/osascript" && parameters.arguments.size() == 2 &&
          parameters.arguments[0] == "-e" && parameters.standardOutput == ChildOutput::pipe &&
@@ -54,7 +56,7 @@ struct SimulatedBrowsers::Programs {
 
   Script follow(const ChildProcessParameters& parameters) {
     const MutexLock lock(mutex);
-    if (parameters.executable == "/usr/bin/perl") {
+    if (parameters.executable == perl) {
       const std::string command = adapterCommand(parameters);
       if (command == "stream") return stream;
       return command == "get" ? get : Script();
@@ -120,7 +122,7 @@ std::vector<std::string> SimulatedBrowsers::asked() const {
     if (isOsascript(launch.parameters)) {
       const std::string& script = launch.parameters.arguments[1];
       asked.push_back(name(kindOf(script)) + browserOf(script));
-    } else {
+    } else if (launch.parameters.executable == perl) {
       asked.push_back(adapterCommand(launch.parameters));
     }
   }

@@ -63,7 +63,8 @@ TEST_F(HangingPlayers, ThatWereLastDoNotKeepTheNextKeyFromTheOneThatPlays) {
   const FakePlayerProcess last(desktop_, "audacious", {"--hang"});
   const FakePlayerProcess other(desktop_, "strawberry", {"--status", "Stopped"});
   TalmoProcess::select(desktop_, std::nullopt);
-  std::ofstream(TalmoProcess::settingsFile(desktop_)) << R"({"lastResolvedTargetID": "audacious"})";
+  std::ofstream(TalmoProcess::settingsFile(desktop_))
+      << R"({"hasCompletedOnboarding": true, "lastResolvedTargetID": "audacious"})";
   startTalmo();
   keys_.tap(nextKey);
   EXPECT_TRUE(talmo_->waitForLines("auto: routing to Audacious (owner=none)")) << talmo_->log();

@@ -23,8 +23,10 @@ std::filesystem::path TalmoProcess::settingsFile(const PrivateDesktop& desktop) 
 void TalmoProcess::select(const PrivateDesktop& desktop, const std::optional<std::string>& id) {
   const std::filesystem::path file = settingsFile(desktop);
   std::filesystem::create_directories(file.parent_path());
-  std::filesystem::remove(file);
-  if (id) std::ofstream(file) << R"({"selectedTargetAppID": ")" << *id << "\"}\n";
+  std::ofstream settings(file);
+  settings << R"({"hasCompletedOnboarding": true)";
+  if (id) settings << R"(, "selectedTargetAppID": ")" << *id << '"';
+  settings << "}\n";
 }
 
 TalmoProcess::TalmoProcess(const PrivateDesktop& desktop, const std::filesystem::path& program)

@@ -15,7 +15,8 @@ namespace talmo::test {
 /// The built Talmo, running on a private desktop.
 class TalmoProcess {
  public:
-  /// Writes Talmo's settings: the selected target is `id`, or there is no selection.
+  /// Writes Talmo's settings: the first run is over, and the selected target is `id`, or there is
+  /// no selection.
   static void select(const PrivateDesktop& desktop, const std::optional<std::string>& id);
 
   /// Where Talmo keeps its settings on `desktop`.

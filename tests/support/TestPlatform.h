@@ -34,6 +34,8 @@ class TestPlatform : public Platform {
     SoftwareUpdate* softwareUpdate = nullptr;
     StatusBar* statusBar = nullptr;
     UserDefaults* userDefaults = nullptr;
+    Windows* windows = nullptr;
+    Wording* wording = nullptr;
     Workspace* workspace = nullptr;
     Notifications* workspaceNotifications = nullptr;
   };
@@ -73,6 +75,8 @@ class TestPlatform : public Platform {
   }
   StatusBar& statusBar() override { return lent(services_.statusBar, "the status bar"); }
   UserDefaults& userDefaults() override { return lent(services_.userDefaults, "user defaults"); }
+  Windows& windows() override { return lent(services_.windows, "windows"); }
+  Wording& wording() override { return lent(services_.wording, "wording"); }
   Workspace& workspace() override { return lent(services_.workspace, "the workspace"); }
   Notifications& workspaceNotifications() override {
     return lent(services_.workspaceNotifications, "workspace notifications");

@@ -12,6 +12,14 @@ std::string name(ViewRole role) {
       return "group";
     case ViewRole::glass:
       return "glass";
+    case ViewRole::material:
+      return "material";
+    case ViewRole::step:
+      return "step";
+    case ViewRole::tray:
+      return "tray";
+    case ViewRole::segments:
+      return "segments";
     case ViewRole::warning:
       return "warning";
     case ViewRole::card:
@@ -24,6 +32,8 @@ std::string name(ViewRole role) {
       return "footer";
     case ViewRole::chip:
       return "chip";
+    case ViewRole::headline:
+      return "headline";
     case ViewRole::title:
       return "title";
     case ViewRole::label:
@@ -42,10 +52,16 @@ std::string name(ViewRole role) {
       return "symbol";
     case ViewRole::warningSymbol:
       return "warningSymbol";
+    case ViewRole::successSymbol:
+      return "successSymbol";
     case ViewRole::mark:
       return "mark";
     case ViewRole::row:
       return "row";
+    case ViewRole::primaryButton:
+      return "primaryButton";
+    case ViewRole::ghostButton:
+      return "ghostButton";
     case ViewRole::prominentButton:
       return "prominentButton";
     case ViewRole::plainButton:
@@ -56,6 +72,10 @@ std::string name(ViewRole role) {
       return "iconButton";
     case ViewRole::equalizer:
       return "equalizer";
+    case ViewRole::segment:
+      return "segment";
+    case ViewRole::toggle:
+      return "toggle";
   }
   return {};
 }

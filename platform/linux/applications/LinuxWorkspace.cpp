@@ -13,6 +13,7 @@
 #include "platform/linux/applications/MprisNames.h"
 #include "platform/linux/applications/ProcessTable.h"
 #include "platform/linux/applications/RecentlyUsed.h"
+#include "platform/linux/applications/SettingsApplication.h"
 #include "platform/linux/applications/ShellUsage.h"
 #include "platform/linux/images/ThemedIcon.h"
 #include "support/Logger.h"
@@ -183,10 +184,16 @@ void LinuxWorkspace::openNewInstance(
 
 void LinuxWorkspace::openURL(const std::string& url) {
   dispatch_.globalQueue(QualityOfService::userInitiated).async([url] {
-    const std::optional<DesktopEntry> entry = DesktopEntry::defaultForURL(url);
+    std::optional<DesktopEntry> entry = settingsApplicationFor(url);
+    // The desktop's settings know nothing of the Mac's panes.
+    std::vector<std::string> urls;
+    if (!entry) {
+      entry = DesktopEntry::defaultForURL(url);
+      urls = {url};
+    }
     if (!entry) {
       log.info("no application opens %{public}s", url);
-    } else if (const std::optional<std::string> error = launchDesktopEntry(*entry, {url})) {
+    } else if (const std::optional<std::string> error = launchDesktopEntry(*entry, urls)) {
       log.notice("opening %{public}s failed: %{public}s", url, *error);
     }
   });

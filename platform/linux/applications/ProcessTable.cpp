@@ -79,7 +79,9 @@ bool goesBy(ProcessIdentifier process, const std::function<bool(std::string_view
   return meant(name);
 }
 
-std::vector<ProcessIdentifier> processesOfThisUser() {
+}  // namespace
+
+std::vector<ProcessIdentifier> ProcessTable::all() {
   std::vector<ProcessIdentifier> processes;
   const std::unique_ptr<DIR, CloseFolder> folder(::opendir("/proc"));
   if (!folder) return processes;
@@ -94,8 +96,6 @@ std::vector<ProcessIdentifier> processesOfThisUser() {
   }
   return processes;
 }
-
-}  // namespace
 
 std::string ProcessTable::executable(ProcessIdentifier process) {
   std::string path = target(pathOf(process, "exe"));
@@ -139,12 +139,12 @@ ProcessIdentifier ProcessTable::parent(ProcessIdentifier process) {
 
 std::vector<ProcessIdentifier> ProcessTable::running(
     const std::function<bool(std::string_view path)>& meant) {
-  const std::vector<ProcessIdentifier> all = processesOfThisUser();
+  const std::vector<ProcessIdentifier> ours = all();
   std::vector<ProcessIdentifier> found;
-  std::ranges::copy_if(all, std::back_inserter(found),
+  std::ranges::copy_if(ours, std::back_inserter(found),
                        [&](ProcessIdentifier process) { return meant(executable(process)); });
   if (found.empty()) {
-    std::ranges::copy_if(all, std::back_inserter(found),
+    std::ranges::copy_if(ours, std::back_inserter(found),
                          [&](ProcessIdentifier process) { return goesBy(process, meant); });
   }
   std::vector<ProcessIdentifier> leaders;

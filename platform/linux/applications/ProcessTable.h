@@ -15,6 +15,9 @@ class ProcessTable {
  public:
   ProcessTable() = delete;
 
+  /// The processes of this user.
+  static std::vector<ProcessIdentifier> all();
+
   /// The path of the program that the process runs; empty when that cannot be seen.
   static std::string executable(ProcessIdentifier process);
 

@@ -3,6 +3,7 @@
 #include "platform/linux/interface/DesktopWatch.h"
 #include "platform/linux/interface/LinuxEventMonitors.h"
 #include "platform/linux/interface/LinuxOwnApplication.h"
+#include "platform/linux/interface/LinuxOwnWindows.h"
 #include "platform/linux/interface/LinuxPanels.h"
 #include "platform/linux/interface/LinuxStatusBar.h"
 #include "platform/linux/interface/view/Vectors.h"
@@ -17,12 +18,14 @@ struct LinuxInterface {
       : vectors(bundle),
         statusBar(vectors, application),
         panels(vectors),
+        windows(vectors),
         eventMonitors(application),
         desktopWatch(workspaceNotifications, notifications) {}
 
   Vectors vectors;
   LinuxStatusBar statusBar;
   LinuxPanels panels;
+  LinuxOwnWindows windows;
   LinuxEventMonitors eventMonitors;
   DesktopWatch desktopWatch;
 };

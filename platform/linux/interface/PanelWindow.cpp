@@ -1,32 +1,18 @@
 #include "platform/linux/interface/PanelWindow.h"
 
-#include <memory>
 #include <QCloseEvent>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
-#include <QRegion>
-#include <string>
 
 #include "platform/linux/interface/MenuPopup.h"
-#include "platform/linux/interface/view/Appearance.h"
 #include "platform/linux/interface/view/ContentView.h"
-#include "platform/linux/interface/view/Palette.h"
-#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/interface/WindowShape.h"
 
 namespace talmo {
 namespace {
 
 constexpr int animationMilliseconds = 120;
-
-/// Whether somebody blends translucent windows (freedesktop.org's window manager hints).
-bool hasCompositor() {
-  const std::unique_ptr<XConnection> connection = XConnection::open();
-  return connection &&
-         connection->selectionOwner("_NET_WM_CM_S" + std::to_string(connection->screen())) !=
-             XCB_WINDOW_NONE;
-}
 
 }  // namespace
 
@@ -81,9 +67,7 @@ void PanelWindow::updateShape() {
     clearMask();
     return;
   }
-  QPainterPath ground;
-  ground.addRoundedRect(QRectF(rect()), ContentView::cornerRadius, ContentView::cornerRadius);
-  setMask(QRegion(ground.toFillPolygon().toPolygon()));
+  setMask(roundedShape(size()));
 }
 
 void PanelWindow::setContent(const View& content) {
@@ -111,11 +95,8 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelWindow::paintEvent(QPaintEvent*) {
-  if (isBlended_) return;
   // The content's ground would let nothing but black through.
-  QColor ground = (appearance_.isDark() ? Palette::dark() : Palette::light()).glass;
-  ground.setAlphaF(1);
-  QPainter(this).fillRect(rect(), ground);
+  if (!isBlended_) QPainter(this).fillRect(rect(), opaqueGround(appearance_));
 }
 
 void PanelWindow::resizeEvent(QResizeEvent*) {

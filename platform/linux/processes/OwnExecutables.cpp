@@ -12,8 +12,9 @@ struct OwnExecutable {
   std::string_view replacement;
 };
 
-constexpr std::array<OwnExecutable, 1> ownExecutables{{
+constexpr std::array<OwnExecutable, 2> ownExecutables{{
     {"/usr/bin/osascript", "libexec/osascript"},
+    {"/usr/bin/pkill", "libexec/pkill"},
 }};
 
 }  // namespace

@@ -298,6 +298,25 @@ TEST_F(OpeningTest, AURLGoesOverTheBusToAHandlerThatIsThere) {
   EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
+TEST_F(OpeningTest, APaneOfTheMacsSettingsIsTheSessionsOwnKeyboardSettings) {
+  const std::string url =
+      "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+  PrivateData::install("gnome-keyboard-panel", "Name=One\n" + exec(file("gnome"), "%u"));
+  PrivateData::install("xfce-settings-manager", "Name=Two\n" + exec(file("manager"), "%u"));
+  PrivateData::install("xfce-keyboard-settings", "Name=Three\n" + exec(file("xfce"), "%u"));
+  ::setenv("XDG_CURRENT_DESKTOP", "somebody:XFCE", 1);
+  workspace().openURL(url);
+  const RecordedStart own(file("xfce"));
+  EXPECT_EQ(own.arguments, (Arguments{RecordedStart::program(), file("xfce")}));
+
+  // A session without a name has whichever settings there are.
+  ::unsetenv("XDG_CURRENT_DESKTOP");
+  workspace().openURL(url);
+  const RecordedStart any(file("gnome"));
+  EXPECT_EQ(any.arguments.size(), 2U);
+  EXPECT_FALSE(std::filesystem::exists(file("manager")));
+}
+
 TEST_F(OpeningTest, AURLThatNothingOpensIsOneLineOfInformation) {
   const std::string url =
       "x-apple.systempreferences:com.apple.preference.security?Privacy_Automation";

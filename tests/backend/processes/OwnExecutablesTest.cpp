@@ -13,6 +13,7 @@ namespace {
 
 TEST(OwnExecutables, StandInForTheMacsByTheirWholePath) {
   EXPECT_EQ(executableToStart("/usr/bin/osascript", "/a b"), "/a b/libexec/osascript");
+  EXPECT_EQ(executableToStart("/usr/bin/pkill", "/a b"), "/a b/libexec/pkill");
   for (const char* other : {"/usr/bin/perl", "/usr/bin/osascript2", "/usr/local/bin/osascript",
                             "/other/usr/bin/osascript", "osascript", "/bin/osascript", ""}) {
     EXPECT_EQ(executableToStart(other, "/bundle"), other);

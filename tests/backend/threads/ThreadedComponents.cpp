@@ -11,8 +11,10 @@
 #include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/AutoRoutingTest.h"
+#include "tests/component/FirstRunTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/OnboardingModelTest.h"
 #include "tests/component/PanelTest.h"
 #include "tests/component/PanelWiringTest.h"
 #include "tests/component/PlayerDetectionTest.h"
@@ -59,8 +61,10 @@ INSTANTIATE_TEST_SUITE_P(Threads, AppCoordinatorTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AudioActivityTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutoRoutingTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, AutomationPermissionTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, FirstRunTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, MediaKeyTapTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, NowPlayingTest, world);
+INSTANTIATE_TEST_SUITE_P(Threads, OnboardingModelTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, PlayerDetectionTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, PanelControllerTest, world);
 INSTANTIATE_TEST_SUITE_P(Threads, PanelKeysTest, world);

@@ -31,6 +31,7 @@ TEST(PassThrough, TheCounterCounts) {
 TEST(PassThrough, AKeyThatPassesCostsNoAllocation) {
   SimulatedWorld world;
   world.machine().userDefaults().setString("selectedTargetAppID", "gone");
+  world.machine().userDefaults().setBoolean("hasCompletedOnboarding", true);
   const auto coordinator = AppCoordinator::make();
   coordinator->start();
   AuxiliaryKey press(0x00100A00);
@@ -44,6 +45,7 @@ TEST(PassThrough, AKeyThatPassesCostsNoAllocation) {
 
 TEST(PassThrough, ReleasesAndRepeatsOfARoutedKeyCostNoAllocation) {
   SimulatedWorld world;
+  world.machine().userDefaults().setBoolean("hasCompletedOnboarding", true);
   const auto coordinator = AppCoordinator::make();
   coordinator->start();
   AuxiliaryKey repeat(0x00100A01);

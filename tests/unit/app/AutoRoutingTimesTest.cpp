@@ -33,6 +33,7 @@ class AutoRoutingTimesTest : public testing::Test {
       machine().applications().launch(player);
     }
     machine().userDefaults().setString("selectedTargetAppID", "auto");
+    machine().userDefaults().setBoolean("hasCompletedOnboarding", true);
     coordinator_->start();
     world_.time().runUntilIdle();
   }

@@ -20,6 +20,7 @@ TEST(CommandQueue, AHungPlayerCostsItsTwoSecondsAndThenTheNextKeyArrives) {
   machine.applications().launch(spotify);
   machine.applications().setManner(spotify, Manner::neverAnswers);
   machine.userDefaults().setString("selectedTargetAppID", "spotify");
+  machine.userDefaults().setBoolean("hasCompletedOnboarding", true);
   const auto coordinator = AppCoordinator::make();
   coordinator->start();
   const Uptime start = machine.dispatch().uptime();
@@ -42,6 +43,7 @@ TEST(CommandQueue, AFixedPlayerThatIsNotInstalledSwallowsItsKeys) {
   test::SimulatedWorld world;
   SimulatedPlatform& machine = world.machine();
   machine.userDefaults().setString("selectedTargetAppID", "spotify");
+  machine.userDefaults().setBoolean("hasCompletedOnboarding", true);
   const auto coordinator = AppCoordinator::make();
   coordinator->start();
 
@@ -59,6 +61,7 @@ TEST(CommandQueue, AFixedPlayerThatIsNotInstalledSwallowsItsKeys) {
 TEST(CommandQueue, AMachineWithoutPlayersLaunchesNothingInAutoMode) {
   test::SimulatedWorld world;
   SimulatedPlatform& machine = world.machine();
+  machine.userDefaults().setBoolean("hasCompletedOnboarding", true);
   const auto coordinator = AppCoordinator::make();
   coordinator->start();
 

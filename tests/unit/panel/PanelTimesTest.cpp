@@ -28,6 +28,7 @@ class PanelTimesTest : public testing::TestWithParam<std::uint64_t> {
     machine().applications().install({"com.spotify.client", "Spotify"});
     machine().applications().launch("com.spotify.client");
     machine().userDefaults().setString("selectedTargetAppID", "vlc");
+    machine().userDefaults().setBoolean("hasCompletedOnboarding", true);
     coordinator_->start();
     // The permission polls for as long as the program runs.
     time().run(1min);

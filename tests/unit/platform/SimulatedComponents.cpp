@@ -6,8 +6,10 @@
 #include "tests/component/AudioActivityTest.h"
 #include "tests/component/AutomationPermissionTest.h"
 #include "tests/component/AutoRoutingTest.h"
+#include "tests/component/FirstRunTest.h"
 #include "tests/component/MediaKeyTapTest.h"
 #include "tests/component/NowPlayingTest.h"
+#include "tests/component/OnboardingModelTest.h"
 #include "tests/component/PanelTest.h"
 #include "tests/component/PanelWiringTest.h"
 #include "tests/component/PlayerDetectionTest.h"
@@ -35,8 +37,10 @@ INSTANTIATE_TEST_SUITE_P(Simulated, AppCoordinatorTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AudioActivityTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutoRoutingTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, AutomationPermissionTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, FirstRunTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, MediaKeyTapTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, NowPlayingTest, worlds);
+INSTANTIATE_TEST_SUITE_P(Simulated, OnboardingModelTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, PlayerDetectionTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, PanelControllerTest, worlds);
 INSTANTIATE_TEST_SUITE_P(Simulated, PanelKeysTest, worlds);

@@ -11,6 +11,7 @@
 #include "platform/simulated/SimulatedImageDecoder.h"
 #include "platform/simulated/SimulatedLoginItem.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedWindows.h"
 #include "tests/component/SimulatedWorld.h"
 #include "tests/contract/AccessibilityContract.h"
 #include "tests/contract/AppleEventsContract.h"
@@ -21,6 +22,7 @@
 #include "tests/contract/KeyEventsContract.h"
 #include "tests/contract/LoginItemContract.h"
 #include "tests/contract/UserDefaultsContract.h"
+#include "tests/contract/WindowsContract.h"
 #include "tests/contract/WorkspaceContract.h"
 
 namespace talmo::test {
@@ -235,6 +237,20 @@ class SimulatedWorkspaceWorld : public WorkspaceWorld {
   SimulatedWorld world_;
 };
 
+class SimulatedWindowsWorld : public WindowsWorld {
+ public:
+  Windows& windows() override { return windows_; }
+  void personCloses() override { windows_.windows().front()->close(); }
+  void press(const std::string& button) override {
+    EXPECT_TRUE(windows_.windows().front()->press(button)) << button;
+  }
+
+ private:
+  SimulatedDispatch dispatch_;
+  SimulatedApplication application_{dispatch_};
+  SimulatedWindows windows_{application_};
+};
+
 class SimulatedLoginItemWorld : public LoginItemWorld {
  public:
   LoginItem& item() override { return item_; }
@@ -333,6 +349,9 @@ INSTANTIATE_TEST_SUITE_P(Simulated, AppleEventsContract, testing::Values([] {
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, testing::Values([] {
                            return std::make_unique<SimulatedWorkspaceWorld>();
                          }));
+
+INSTANTIATE_TEST_SUITE_P(Simulated, WindowsContract,
+                         testing::Values([] { return std::make_unique<SimulatedWindowsWorld>(); }));
 
 }  // namespace
 }  // namespace talmo::test

@@ -24,6 +24,10 @@ QMargins marginsOf(ViewRole role) {
   switch (role) {
     case ViewRole::row:
       return {Metrics::step, 3, Metrics::wide, 3};
+    case ViewRole::primaryButton:
+      return {20, Metrics::step, 20, Metrics::step};
+    case ViewRole::ghostButton:
+      return {0, Metrics::step, 0, Metrics::step};
     case ViewRole::prominentButton:
     case ViewRole::plainButton:
       return {Metrics::wide, Metrics::small, Metrics::wide, Metrics::small};
@@ -35,7 +39,14 @@ QMargins marginsOf(ViewRole role) {
 }
 
 int spacingOf(ViewRole role) {
-  return role == ViewRole::row ? Metrics::wide : Metrics::small;
+  switch (role) {
+    case ViewRole::row:
+      return Metrics::wide;
+    case ViewRole::primaryButton:
+      return Metrics::step;
+    default:
+      return Metrics::small;
+  }
 }
 
 /// What is written in the view, from its beginning.
@@ -95,6 +106,9 @@ QSize ButtonPart::sizeHint() const {
   switch (role()) {
     case ViewRole::row:
       return size.expandedTo({0, Metrics::rowHeight});
+    case ViewRole::primaryButton:
+    case ViewRole::ghostButton:
+      return size.expandedTo({0, Metrics::largeButtonHeight});
     case ViewRole::prominentButton:
     case ViewRole::plainButton:
     case ViewRole::iconButton:
@@ -125,6 +139,7 @@ void ButtonPart::paintEvent(QPaintEvent*) {
   const bool isHovered = underMouse() || isDown();
   QColor ground(Qt::transparent);
   switch (role()) {
+    case ViewRole::primaryButton:
     case ViewRole::prominentButton:
       ground = isHovered ? palette.prominentHover : palette.prominent;
       break;
@@ -132,6 +147,7 @@ void ButtonPart::paintEvent(QPaintEvent*) {
       ground = isHovered ? palette.plainHover : palette.plain;
       break;
     case ViewRole::linkButton:
+    case ViewRole::ghostButton:
       break;
     default:
       if (isHovered) ground = palette.hover;
@@ -139,6 +155,9 @@ void ButtonPart::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (role() == ViewRole::linkButton && isHovered) {
     painter.fillRect(0, height() - 1, width(), 1, palette.accent);
+  }
+  if (role() == ViewRole::ghostButton && isHovered) {
+    painter.fillRect(0, height() - Metrics::step - 2, width(), 1, palette.secondaryText);
   }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);

@@ -28,7 +28,8 @@ QSize ContentView::sizeHint() const {
 }
 
 void ContentView::paintEvent(QPaintEvent*) {
-  if (content_.role != ViewRole::glass || look_.palette == nullptr) return;
+  const bool isWindow = content_.role == ViewRole::glass || content_.role == ViewRole::material;
+  if (!isWindow || look_.palette == nullptr) return;
   QPainter painter(this);
   paintGlass(painter, rect(), *look_.palette);
 }

@@ -29,6 +29,11 @@ const Palette& Palette::light() {
       .prominentText = QColor(255, 255, 255),
       .plain = QColor(40, 26, 96, 20),
       .plainHover = QColor(40, 26, 96, 34),
+      .success = QColor(22, 122, 66),
+      .toggleOff = QColor(24, 18, 48, 124),
+      .toggleOn = QColor(90, 70, 224),
+      .toggleKnob = QColor(255, 255, 255),
+      .segment = QColor(24, 18, 48, 36),
       .scrollThumb = QColor(24, 18, 48, 96),
   };
   return palette;
@@ -61,6 +66,11 @@ const Palette& Palette::dark() {
       .prominentText = QColor(255, 255, 255),
       .plain = QColor(255, 255, 255, 24),
       .plainHover = QColor(255, 255, 255, 38),
+      .success = QColor(112, 214, 146),
+      .toggleOff = QColor(255, 255, 255, 96),
+      .toggleOn = QColor(124, 106, 245),
+      .toggleKnob = QColor(255, 255, 255),
+      .segment = QColor(255, 255, 255, 44),
       .scrollThumb = QColor(255, 255, 255, 110),
   };
   return palette;

@@ -42,6 +42,14 @@ struct Palette {
   QColor plain;
   QColor plainHover;
 
+  /// Of what has come true.
+  QColor success;
+  QColor toggleOff;
+  QColor toggleOn;
+  QColor toggleKnob;
+  /// One that is not filled.
+  QColor segment;
+
   QColor scrollThumb;
 
   static const Palette& light();

@@ -4,8 +4,10 @@
 #include "platform/linux/interface/view/EqualizerPart.h"
 #include "platform/linux/interface/view/PicturePart.h"
 #include "platform/linux/interface/view/SectionPart.h"
+#include "platform/linux/interface/view/SegmentPart.h"
 #include "platform/linux/interface/view/StackPart.h"
 #include "platform/linux/interface/view/TextPart.h"
+#include "platform/linux/interface/view/TogglePart.h"
 #include "platform/linux/interface/view/VectorPart.h"
 
 namespace talmo {
@@ -28,6 +30,10 @@ Part* makePart(const View& view, ViewRole container, const Look& look, QWidget* 
       return new ButtonPart(view, look, parent);
     case ViewKind::equalizer:
       return new EqualizerPart(view, look, parent);
+    case ViewKind::segment:
+      return new SegmentPart(view, look, parent);
+    case ViewKind::toggle:
+      return new TogglePart(view, look, parent);
   }
   return nullptr;
 }

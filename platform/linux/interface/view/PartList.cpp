@@ -16,10 +16,10 @@ bool isSmallButton(const Part& part) {
   return part.kind() == ViewKind::button && part.role() != ViewRole::row;
 }
 
-int gapBetween(const Part& above, const Part& below) {
+int gapBetween(const Part& above, const Part& below, int gap) {
   const bool areLines = above.kind() == ViewKind::text && below.kind() == ViewKind::text;
   const bool areRows = above.role() == ViewRole::row && below.role() == ViewRole::row;
-  return areLines || areRows ? Metrics::tight : Metrics::step;
+  return areLines || areRows ? Metrics::tight : gap;
 }
 
 }  // namespace
@@ -72,9 +72,12 @@ void PartList::arrangeVertically() {
   layout_.setSpacing(0);
   const Part* above = nullptr;
   for (Part* part : parts_) {
-    if (above != nullptr) layout_.addSpacing(gapBetween(*above, *part));
+    if (above != nullptr) layout_.addSpacing(gapBetween(*above, *part, gap_));
+    // The room that is left is above the buttons.
+    if (part->role() == ViewRole::tray) layout_.addStretch(1);
     const bool isOwnWidth = isSmallButton(*part) || part->role() == ViewRole::chip;
-    layout_.addWidget(&part->widget(), 0, isOwnWidth ? Qt::AlignLeft : Qt::Alignment());
+    layout_.addWidget(&part->widget(), part->role() == ViewRole::step ? 1 : 0,
+                      isOwnWidth ? Qt::AlignLeft : Qt::Alignment());
     above = part;
   }
 }
@@ -82,12 +85,14 @@ void PartList::arrangeVertically() {
 void PartList::arrangeHorizontally() {
   const auto wide =
       std::ranges::find_if(parts_, [](const Part* part) { return part->takesRoom(); });
+  const bool isTray = container_ == ViewRole::tray;
   for (Part* part : parts_) {
+    if (isTray && part == parts_.back()) layout_.addStretch(1);
     const bool isWide = wide != parts_.end() && part == *wide;
     layout_.addWidget(&part->widget(), isWide ? 1 : 0, Qt::AlignVCenter);
   }
   // Where nothing does, all stand at the beginning of the line.
-  if (wide == parts_.end()) layout_.addStretch(1);
+  if (wide == parts_.end() && !isTray) layout_.addStretch(1);
 }
 
 }  // namespace talmo

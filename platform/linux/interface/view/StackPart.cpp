@@ -20,6 +20,8 @@ QMargins marginsOf(ViewRole role, ViewRole container) {
       return {Metrics::step, Metrics::small, Metrics::step, Metrics::step};
     case ViewRole::glass:
       return {Metrics::step, Metrics::step, Metrics::step, Metrics::step};
+    case ViewRole::material:
+      return {Metrics::margin, Metrics::margin, Metrics::margin, Metrics::roomy};
     case ViewRole::card:
     case ViewRole::warning:
     case ViewRole::offer:
@@ -38,9 +40,23 @@ int spacingOf(ViewRole role) {
     case ViewRole::card:
       return Metrics::wide;
     case ViewRole::chip:
+    case ViewRole::segments:
       return Metrics::small;
+    case ViewRole::headline:
+      return Metrics::wide;
     default:
       return Metrics::step;
+  }
+}
+
+/// The least between two parts of a vertical stack that are more than lines of one text.
+int gapOf(ViewRole role, ViewRole container) {
+  switch (role) {
+    case ViewRole::material:
+    case ViewRole::step:
+      return Metrics::roomy;
+    default:
+      return container == ViewRole::step ? Metrics::wide : Metrics::step;
   }
 }
 
@@ -52,7 +68,8 @@ StackPart::StackPart(const View& view, ViewRole container, const Look& look, QWi
       layout_(*new QBoxLayout(
           view.kind == ViewKind::vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight,
           this)),
-      children_(layout_, *this, view.role == ViewRole::group ? container : view.role, look) {
+      children_(layout_, *this, view.role == ViewRole::group ? container : view.role, look,
+                gapOf(view.role, container)) {
   layout_.setContentsMargins(marginsOf(view.role, container));
   layout_.setSpacing(spacingOf(view.role));
 }

@@ -26,10 +26,19 @@ QFont textFont(ViewRole role, ViewRole container, const QFont& desktopFont) {
     case ViewRole::plainButton:
     case ViewRole::linkButton:
       return sized(desktopFont, 12, QFont::Medium);
+    case ViewRole::primaryButton:
+      return sized(desktopFont, 13, QFont::DemiBold);
+    case ViewRole::ghostButton:
+      return sized(desktopFont, 13, QFont::Medium);
     default:
       break;
   }
   switch (role) {
+    case ViewRole::headline: {
+      QFont font = sized(desktopFont, 32, QFont::Bold);
+      font.setLetterSpacing(QFont::PercentageSpacing, 98);
+      return font;
+    }
     case ViewRole::title:
       return sized(desktopFont, container == ViewRole::card ? 15 : 13, QFont::DemiBold);
     case ViewRole::label:
@@ -40,9 +49,11 @@ QFont textFont(ViewRole role, ViewRole container, const QFont& desktopFont) {
       return font;
     }
     case ViewRole::detail:
-      return sized(desktopFont, container == ViewRole::card ? 13 : 12, QFont::Normal);
+      return sized(desktopFont,
+                   container == ViewRole::card || container == ViewRole::step ? 13 : 12,
+                   QFont::Normal);
     default:
-      return sized(desktopFont, 12, QFont::Normal);
+      return sized(desktopFont, container == ViewRole::step ? 13 : 12, QFont::Normal);
   }
 }
 
@@ -50,8 +61,11 @@ QColor textColour(ViewRole role, ViewRole container, const Palette& palette) {
   switch (container) {
     case ViewRole::chip:
       return palette.chipText;
+    case ViewRole::primaryButton:
     case ViewRole::prominentButton:
       return palette.prominentText;
+    case ViewRole::ghostButton:
+      return palette.secondaryText;
     case ViewRole::plainButton:
       return palette.primaryText;
     case ViewRole::linkButton:
@@ -60,6 +74,7 @@ QColor textColour(ViewRole role, ViewRole container, const Palette& palette) {
       break;
   }
   switch (role) {
+    case ViewRole::headline:
     case ViewRole::title:
     case ViewRole::label:
       return palette.primaryText;

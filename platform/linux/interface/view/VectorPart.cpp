@@ -15,6 +15,8 @@ QColor colourOf(ViewRole role, ViewRole container, const Palette& palette) {
       return palette.tileSymbol;
     case ViewRole::warningSymbol:
       return palette.warningSymbol;
+    case ViewRole::successSymbol:
+      return palette.success;
     case ViewRole::mark:
       return palette.accent;
     default:
@@ -25,6 +27,7 @@ QColor colourOf(ViewRole role, ViewRole container, const Palette& palette) {
       return palette.chipText;
     case ViewRole::linkButton:
       return palette.accent;
+    case ViewRole::primaryButton:
     case ViewRole::prominentButton:
       return palette.prominentText;
     default:
@@ -41,6 +44,8 @@ int sideOf(ViewRole role, ViewRole container) {
       return Metrics::symbol;
     case ViewRole::warningSymbol:
       return 20;
+    case ViewRole::successSymbol:
+      return container == ViewRole::headline ? 32 : 18;
     default:
       return container == ViewRole::linkButton || container == ViewRole::chip ? 12
                                                                               : Metrics::symbol;

@@ -135,6 +135,14 @@ TEST_P(PaletteTest, MakesEverySymbolAndMarkVisible) {
   expectContrast("highlight's ring", palette_.highlightRing, grounds_.glass, forSymbols);
   expectContrast("symbol", palette_.secondaryText, grounds_.row, forSymbols);
   expectContrast("warning symbol", palette_.warningSymbol, grounds_.warning, forSymbols);
+  expectContrast("success", palette_.success, grounds_.glass, forSymbols);
+  expectContrast("filled segment", palette_.accent, grounds_.glass, forSymbols);
+  expectContrast("switch that is off", palette_.toggleOff, grounds_.offer, forSymbols);
+  expectContrast("switch that is on", palette_.toggleOn, grounds_.offer, forSymbols);
+  expectContrast("knob", palette_.toggleKnob,
+                 laid("off", palette_.toggleOff, grounds_.offer) +
+                     laid("on", palette_.toggleOn, grounds_.offer),
+                 forSymbols);
   expectContrast("tile's symbol", palette_.tileSymbol, grounds_.tile, forSymbols);
 }
 

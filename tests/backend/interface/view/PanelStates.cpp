@@ -12,10 +12,11 @@
 #include "nowplaying/NowPlayingState.h"
 #include "panel/PanelView.h"
 #include "panel/PanelViewModel.h"
+#include "platform/linux/LinuxWording.h"
 #include "platform/simulated/SimulatedApplications.h"
 #include "platform/simulated/SimulatedDispatch.h"
-#include "platform/simulated/SimulatedWorkspace.h"
 #include "players/TargetAppRegistry.h"
+#include "tests/backend/interface/view/PaintedWorkspace.h"
 #include "tests/backend/interface/view/Pixels.h"
 #include "tests/support/TestPlatform.h"
 
@@ -27,34 +28,6 @@ const std::string vlc = "vlc";
 const std::string music = "music";
 const std::string youTube = "youtube-web";
 const std::string soundCloud = "soundcloud-web";
-
-/// A rounded square in a colour of the application's own.
-class PaintedWorkspace : public SimulatedWorkspace {
- public:
-  using SimulatedWorkspace::SimulatedWorkspace;
-
-  std::optional<Image> icon(const std::string& url, int pixels) const override {
-    int sum = 0;
-    for (const char letter : url) sum += letter;
-    QImage image(pixels, pixels, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QColor colour = QColor::fromHsv(sum * 47 % 360, 170, 225);
-    QLinearGradient gradient(0, 0, 0, pixels);
-    gradient.setColorAt(0, colour.lighter(115));
-    gradient.setColorAt(1, colour.darker(115));
-    const double margin = pixels / 16.0;
-    const QRectF square(margin, margin, pixels - 2 * margin, pixels - 2 * margin);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(square, pixels / 4.5, pixels / 4.5);
-    painter.setBrush(QColor(255, 255, 255, 235));
-    painter.drawEllipse(square.center(), pixels / 5.5, pixels / 5.5);
-    painter.end();
-    return imageOf(image);
-  }
-};
 
 Image cover() {
   QImage image(256, 256, QImage::Format_ARGB32);
@@ -185,7 +158,9 @@ std::map<std::string, View> panelStates(const PanelActions& actions) {
   SimulatedDispatch dispatch;
   SimulatedApplications applications;
   PaintedWorkspace workspace(applications, dispatch);
-  const TestPlatform platform({.dispatch = &dispatch, .workspace = &workspace});
+  LinuxWording wording;
+  const TestPlatform platform(
+      {.dispatch = &dispatch, .wording = &wording, .workspace = &workspace});
   for (const TargetApp& app : TargetAppRegistry::all()) {
     applications.install({.bundleID = app.bundleID, .name = app.displayName});
   }
