@@ -19,7 +19,8 @@ TEST_P(AudioActivityTest, HasTheApplicationsThatSoundWhenItStarts) {
   audio().add({.bundleID = "com.b"});
   audio().add({.isRunningOutput = false, .bundleID = "com.silent"});
   activity().startPolling();
-  EXPECT_THAT(activity().activeBundleIDs().get(), IsEmpty()) << "nothing is read on the main thread";
+  EXPECT_THAT(activity().activeBundleIDs().get(), IsEmpty())
+      << "nothing is read on the main thread";
   EXPECT_TRUE(waitFor({"com.a", "com.b"}));
 }
 
