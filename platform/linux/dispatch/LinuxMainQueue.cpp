@@ -56,7 +56,7 @@ void LinuxMainQueue::serve() {
 }
 
 void LinuxMainQueue::serveWithToolkit() {
-  QSocketNotifier notifier(wakeUp_.get(), QSocketNotifier::Read);
+  const QSocketNotifier notifier(wakeUp_.get(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [this] {
     forgetWakeUps();
     if (takeStop()) {

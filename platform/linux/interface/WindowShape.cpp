@@ -25,7 +25,7 @@ QRegion roundedShape(const QSize& size) {
   QPainterPath ground;
   ground.addRoundedRect(QRectF(QPointF(), QSizeF(size)), ContentView::cornerRadius,
                         ContentView::cornerRadius);
-  return QRegion(ground.toFillPolygon().toPolygon());
+  return {ground.toFillPolygon().toPolygon()};
 }
 
 QColor opaqueGround(const Appearance& appearance) {
