@@ -256,9 +256,9 @@ TEST_P(PanelOffersTest, AConsentThatComesWhenThePanelHasClosedStartsNoTimer) {
   open();
   ASSERT_TRUE(shows(offer));
   const auto scans = [this] { return browsers().scripts(Kind::scan).size(); };
+  browsers().setTabs(safari, {{watchPage, "Song"}});
   click({"browser-primer", "buttons", "allow"});
   controller().close();
-  browsers().setTabs(safari, {{watchPage, "Song"}});
   // One scan with the new consent, and what it finds is there when the panel opens.
   ASSERT_TRUE(runUntil([&] { return !model().webTabs.get().empty(); }));
   EXPECT_EQ(scans(), 1U);
