@@ -95,7 +95,7 @@ void Appearance::decide() {
   const bool isDark = prefersDark_.value_or(isPaletteDark);
   if (isDark == isDark_) return;
   isDark_ = isDark;
-  emit changed();
+  Q_EMIT changed();
 }
 
 }  // namespace talmo

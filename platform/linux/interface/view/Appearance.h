@@ -24,7 +24,7 @@ class Appearance : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
- signals:
+ Q_SIGNALS:
   void changed();
 
  private:

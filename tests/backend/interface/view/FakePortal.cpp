@@ -28,8 +28,8 @@ FakePortal::~FakePortal() {
 void FakePortal::setColourScheme(uint value) {
   colourScheme_ = value;
   // Another setting of the group, which says nothing about the look.
-  emit SettingChanged(group, QStringLiteral("contrast"), QDBusVariant(1U - value % 2));
-  emit SettingChanged(group, key, QDBusVariant(value));
+  Q_EMIT SettingChanged(group, QStringLiteral("contrast"), QDBusVariant(1U - value % 2));
+  Q_EMIT SettingChanged(group, key, QDBusVariant(value));
 }
 
 QDBusVariant FakePortal::Read(const QString& askedGroup, const QString& askedKey) {

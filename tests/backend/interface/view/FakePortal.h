@@ -23,10 +23,10 @@ class FakePortal : public QObject {
 
   int reads() const { return reads_; }
 
- public slots:
+ public Q_SLOTS:
   QDBusVariant Read(const QString& group, const QString& key);
 
- signals:
+ Q_SIGNALS:
   void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
  private:
