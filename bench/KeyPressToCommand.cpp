@@ -4,20 +4,17 @@
 // in auto mode on a private bus and a display of its own, the other two on keys of their own, and
 // the presses take turns, so that whatever the machine is doing meets all.
 
-#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <thread>
 
 #include <benchmark/benchmark.h>
-#include <systemd/sd-bus.h>
-#include <xcb/xcb.h>
 
 #include "bench/Arrival.h"
+#include "bench/LeastRouter.h"
 #include "bench/Samples.h"
 #include "tests/support/FakePlayer.h"
 #include "tests/support/KeyPresser.h"
@@ -32,65 +29,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The least program: grabs one key and sends one message for each press.
-class Floor {
- public:
-  Floor(const std::string& display, std::uint8_t keycode)
-      : connection_(xcb_connect(display.c_str(), nullptr)) {
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
-    xcb_grab_key(connection_, 0, root, XCB_MOD_MASK_ANY, keycode, XCB_GRAB_MODE_ASYNC,
-                 XCB_GRAB_MODE_ASYNC);
-    // An answer to anything later means that the grab has been made.
-    std::free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
-    thread_ = std::thread([this] { serve(); });
-  }
-
-  ~Floor() {
-    xcb_client_message_event_t stop{};
-    stop.response_type = XCB_CLIENT_MESSAGE;
-    stop.format = 32;
-    stop.window = window_;
-    xcb_send_event(connection_, 0, window_, 0, reinterpret_cast<const char*>(&stop));
-    xcb_flush(connection_);
-    thread_.join();
-    xcb_disconnect(connection_);
-  }
-
-  Floor(const Floor&) = delete;
-  Floor& operator=(const Floor&) = delete;
-
- private:
-  void serve() {
-    sd_bus* bus = nullptr;
-    if (sd_bus_open_user(&bus) < 0) return;
-    while (xcb_generic_event_t* event = xcb_wait_for_event(connection_)) {
-      const unsigned type = event->response_type & 0x7FU;
-      std::free(event);
-      if (type == XCB_CLIENT_MESSAGE) break;
-      if (type != XCB_KEY_PRESS) continue;
-      sd_bus_call_method_async(bus, nullptr, "org.mpris.MediaPlayer2.floor",
-                               "/org/mpris/MediaPlayer2", "org.mpris.MediaPlayer2.Player", "Next",
-                               nullptr, nullptr, "");
-      sd_bus_flush(bus);
-      while (sd_bus_process(bus, nullptr) > 0) {
-      }
-    }
-    sd_bus_flush_close_unref(bus);
-  }
-
-  static xcb_window_t makeWindow(xcb_connection_t* connection) {
-    const xcb_window_t window = xcb_generate_id(connection);
-    xcb_create_window(connection, 0, window,
-                      xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root, 0, 0, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-    return window;
-  }
-
-  xcb_connection_t* connection_;
-  const xcb_window_t window_ = makeWindow(connection_);
-  std::thread thread_;
-};
-
 /// Talmo with a display and settings of its own.
 class TalmoDesk {
  public:
@@ -98,7 +36,7 @@ class TalmoDesk {
   TalmoDesk(const PrivateBus& bus, const std::string& selection, const std::string& line) {
     std::filesystem::create_directories(folder_.path() / "talmo");
     std::ofstream(folder_.path() / "talmo" / "settings.json")
-        << R"({"selectedTargetAppID": ")" << selection << "\"}";
+        << R"({"hasCompletedOnboarding": true, "selectedTargetAppID": ")" << selection << "\"}";
     talmo_ = std::make_unique<TestProcess>(
         TestProcess::Start{.arguments = {TALMO_PROGRAM},
                            .environment = {{"DISPLAY", display_.name()},
@@ -138,7 +76,7 @@ void pressToCommand(benchmark::State& state) {
 
   TalmoDesk pinned(bus, "audacious", "Routing media keys to Audacious");
   TalmoDesk automatic(autosBus, "auto", "Routing media keys automatically");
-  const Floor floor(pinned.displayName(), pinned.keys().keycode("XF86AudioStop"));
+  const LeastRouter floor(pinned.displayName(), pinned.keys().keycode("XF86AudioStop"));
 
   const auto measure = [](TalmoDesk& desk, const char* key, Arrival& arrival) {
     const auto start = Clock::now();

@@ -3,14 +3,13 @@
 // an icon and an empty window, on the same private desktop and in turns with it.
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <sys/types.h>
 #include <utility>
 
 #include <benchmark/benchmark.h>
@@ -20,8 +19,10 @@
 #include "tests/support/MousePresser.h"
 #include "tests/support/PrivateDesktop.h"
 #include "tests/support/PrivateTray.h"
+#include "tests/support/ProcessUsage.h"
 #include "tests/support/ScreenPicture.h"
 #include "tests/support/ScreenWindows.h"
+#include "tests/support/TalmoProcess.h"
 #include "tests/support/TestProcess.h"
 #include "tests/support/WaitUntil.h"
 
@@ -32,7 +33,8 @@ using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
 constexpr auto patience = 30s;
-constexpr auto watched = 20s;
+constexpr auto watched = 60s;
+constexpr auto comingToRest = 15s;
 
 /// Black, as a private desktop is where nothing is.
 constexpr std::uint32_t emptyScreen = 0;
@@ -51,7 +53,8 @@ class Subject {
   /// Where the icon is; the tray moves it when another one comes.
   std::optional<PixelArea> iconArea() {
     for (const ScreenWindows::Window& window : windows_.of(pid())) {
-      if (!window.isManaged && window.area.height > 1) return window.area;
+      const bool isTip = window.isOfType("_NET_WM_WINDOW_TYPE_TOOLTIP");
+      if (!window.isManaged && !isTip && window.area.height > 1) return window.area;
     }
     return std::nullopt;
   }
@@ -103,30 +106,7 @@ class Subject {
     return Clock::now() - start;
   }
 
-  /// In kilobytes: what is the process's alone, and its share of what it has with others.
-  double memory() const {
-    std::ifstream file("/proc/" + std::to_string(pid()) + "/smaps_rollup");
-    for (std::string line; std::getline(file, line);) {
-      if (line.starts_with("Pss:")) return std::stod(line.substr(4));
-    }
-    throw std::runtime_error("the system does not tell the memory");
-  }
-
-  /// How often each of its threads has gone to sleep so far, which is how often it woke up.
-  std::map<std::string, double> sleeps() const {
-    const std::string key = "voluntary_ctxt_switches:";
-    std::map<std::string, double> counts;
-    for (const auto& thread :
-         std::filesystem::directory_iterator("/proc/" + std::to_string(pid()) + "/task")) {
-      std::ifstream file(thread.path() / "status");
-      for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(key)) {
-          counts[thread.path().filename()] = std::stod(line.substr(key.size()));
-        }
-      }
-    }
-    return counts;
-  }
+  ProcessUsage usage() const { return ProcessUsage(pid()); }
 
  private:
   static void require(const std::function<bool()>& condition, const std::string& words) {
@@ -143,13 +123,19 @@ class Subject {
   std::unique_ptr<TestProcess> process_;
 };
 
+/// Starts Talmo; not for the first time, which would show a window too.
+Subject startTalmo(const PrivateDesktop& desktop) {
+  TalmoProcess::select(desktop, std::nullopt);
+  return {desktop, TALMO_PROGRAM};
+}
+
 /// Talmo with a player that says it plays, and the least program.
 struct Desk {
   PrivateDesktop desktop;
   PrivateTray tray{desktop};
   FakePlayerProcess player{desktop, "audacious"};
   MousePresser mouse{desktop.displayName()};
-  Subject talmo{desktop, TALMO_PROGRAM};
+  Subject talmo = startTalmo(desktop);
   Subject least{desktop, TALMO_LEAST_PANEL};
 };
 
@@ -182,58 +168,79 @@ void clickToFrame(benchmark::State& state) {
   state.counters["ratio"] = talmo.median() / least.median();
 }
 
+/// What is the process's own, which is compared, and all of it that is in memory.
+void noteMemory(benchmark::State& state, const std::string& when, const Subject& talmo,
+                const Subject& least) {
+  const double own = talmo.usage().ownMemory();
+  state.counters[when + "_MB"] = own / 1024;
+  state.counters[when + "_ratio"] = own / least.usage().ownMemory();
+  state.counters[when + "_resident_MB"] = talmo.usage().residentMemory() / 1024;
+}
+
 void memory(benchmark::State& state) {
   Desk desk;
   for (auto _ : state) {
-    const double never = desk.talmo.memory();
-    const double least = desk.least.memory();
+    noteMemory(state, "never", desk.talmo, desk.least);
     desk.talmo.open(desk.mouse);
-    const double opened = desk.talmo.memory();
+    noteMemory(state, "opened", desk.talmo, desk.least);
     desk.talmo.close(desk.mouse);
-    // Whatever is left when it was used for a while.
-    for (int time = 0; time < 20; ++time) {
-      desk.talmo.open(desk.mouse);
-      desk.talmo.close(desk.mouse);
-    }
-    const double closed = desk.talmo.memory();
-    state.counters["least_MB"] = least / 1024;
-    state.counters["never_MB"] = never / 1024;
-    state.counters["opened_MB"] = opened / 1024;
-    state.counters["closed_MB"] = closed / 1024;
-    state.counters["never_ratio"] = never / least;
-    state.counters["opened_ratio"] = opened / least;
-    state.counters["closed_ratio"] = closed / least;
+    // Whatever is left when it was used for a while, and for longer.
+    const auto use = [&] {
+      for (int time = 0; time < 20; ++time) {
+        desk.talmo.open(desk.mouse);
+        desk.talmo.close(desk.mouse);
+      }
+    };
+    use();
+    noteMemory(state, "closed", desk.talmo, desk.least);
+    use();
+    noteMemory(state, "closed_again", desk.talmo, desk.least);
+    state.counters["least_MB"] = desk.least.usage().ownMemory() / 1024;
+    state.counters["least_resident_MB"] = desk.least.usage().residentMemory() / 1024;
   }
 }
 
-/// Counts how often a program wakes up. A thread that ends takes its last count along, so it is
-/// looked at often.
+/// Counts how often a program wakes up, by the names of its threads. A thread that ends takes its
+/// last count along, so it is looked at often.
 class WakeUps {
  public:
-  explicit WakeUps(const Subject& subject) : subject_(subject), last_(subject.sleeps()) {}
+  explicit WakeUps(const Subject& subject)
+      : usage_(subject.usage()), start_(Clock::now()), last_(usage_.threads()) {}
 
   void look() {
-    const std::map<std::string, double> now = subject_.sleeps();
-    for (const auto& [thread, count] : now) {
-      const auto before = last_.find(thread);
-      sum_ += before == last_.end() ? count : count - before->second;
+    const std::map<pid_t, ProcessUsage::Thread> now = usage_.threads();
+    for (const auto& [number, thread] : now) {
+      const auto before = last_.find(number);
+      sums_[thread.name] +=
+          before == last_.end() ? thread.sleeps : thread.sleeps - before->second.sleeps;
     }
     last_ = now;
+    end_ = Clock::now();
   }
 
-  double sum() const { return sum_; }
+  /// Per second, from the first look to the last: of all threads, and of each that woke up.
+  void note(benchmark::State& state, const std::string& when) const {
+    const double seconds = std::chrono::duration<double>(end_ - start_).count();
+    double all = 0;
+    for (const auto& [thread, count] : sums_) {
+      all += count;
+      if (count > 0) state.counters[when + "_" + thread] = count / seconds;
+    }
+    state.counters[when] = all / seconds;
+  }
 
  private:
-  const Subject& subject_;
-  std::map<std::string, double> last_;
-  double sum_ = 0;
+  const ProcessUsage usage_;
+  const Clock::time_point start_;
+  Clock::time_point end_;
+  std::map<pid_t, ProcessUsage::Thread> last_;
+  std::map<std::string, double> sums_;
 };
 
 /// How often each of the two wakes up in a second of the same time.
-std::pair<double, double> wakeUps(const Desk& desk) {
+void watchWakeUps(benchmark::State& state, const Desk& desk, const std::string& when) {
   WakeUps talmo(desk.talmo);
   WakeUps least(desk.least);
-  const auto start = Clock::now();
   waitUntil(
       [&] {
         talmo.look();
@@ -241,25 +248,21 @@ std::pair<double, double> wakeUps(const Desk& desk) {
         return false;
       },
       watched, 200ms);
-  const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  return {talmo.sum() / seconds, least.sum() / seconds};
+  talmo.note(state, when);
+  least.note(state, "least_" + when);
 }
 
 void wakeUpsPerSecond(benchmark::State& state) {
   Desk desk;
   warmUp(desk);
+  // The threads that worked for the panel end when they have had nothing to do for a while.
+  waitUntil([] { return false; }, comingToRest, 1s);
   for (auto _ : state) {
-    const auto [closed, leastClosed] = wakeUps(desk);
+    watchWakeUps(state, desk, "closed");
     desk.least.open(desk.mouse);
     desk.talmo.open(desk.mouse);
-    const auto [opened, leastOpened] = wakeUps(desk);
+    watchWakeUps(state, desk, "open");
     desk.talmo.close(desk.mouse);
-    const auto [again, leastAgain] = wakeUps(desk);
-    state.counters["closed"] = closed;
-    state.counters["open"] = opened;
-    state.counters["closed_again"] = again;
-    state.counters["least_closed"] = leastClosed;
-    state.counters["least_open"] = leastOpened;
   }
 }
 

@@ -2,6 +2,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <malloc.h>
 #include <memory>
 #include <optional>
 #include <signal.h>
@@ -34,6 +35,12 @@ void surviveBrokenPipes() {
   action.sa_handler = [](int) {};
   action.sa_flags = SA_RESTART;
   ::sigaction(SIGPIPE, &action, nullptr);
+}
+
+/// One heap for all threads. Each would have one of its own, and keep there what it once needed: a
+/// panel that is opened again and again then took more memory with every thread that came and went.
+void shareOneHeap() {
+  ::mallopt(M_ARENA_MAX, 1);
 }
 
 /// The exit status of a process that is not the only one of its session, which has the other one
@@ -109,6 +116,7 @@ int main(int count, char** arguments) {
     std::fprintf(stderr, "talmo: unknown argument %s\nusage: talmo\n", arguments[1]);
     return talmo::usageError;
   }
+  talmo::shareOneHeap();
   talmo::surviveBrokenPipes();
   const bool isSuccessor = talmo::takeSuccessorMark();
   int status = EXIT_SUCCESS;

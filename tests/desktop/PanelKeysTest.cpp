@@ -10,6 +10,7 @@
 namespace talmo::test {
 namespace {
 
+using namespace std::chrono_literals;
 using ::testing::AnyOf;
 
 /// What the keyboard does with the open panel.
@@ -97,6 +98,19 @@ TEST_F(PanelKeys, RouteMediaWhileThePanelIsOpen) {
   keys_.tap("XF86AudioNext");
   EXPECT_TRUE(player_.waitForCommands(1)) << talmo_->log();
   EXPECT_TRUE(panel());
+}
+
+TEST_F(PanelKeys, LeaveThePanelOpenWhileAMediaKeyIsHeld) {
+  startWithTray("audacious");
+  openPanel();
+  keys_.press("XF86AudioNext");
+  EXPECT_TRUE(player_.waitForCommands(1)) << talmo_->log();
+  EXPECT_FALSE(waitUntil([this] { return !panel(); }, 1s));
+  keys_.release("XF86AudioNext");
+  // The panel has the keys still, and closes when the focus does go.
+  EXPECT_TRUE(changeBy("Down"));
+  window_.focus();
+  EXPECT_TRUE(waitForNoPanel());
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include "tests/support/PrivateDesktop.h"
 
-#include <algorithm>
 #include <charconv>
 #include <fstream>
-#include <iterator>
 #include <signal.h>
 #include <stdexcept>
 #include <stdlib.h>
@@ -58,14 +56,10 @@ bool waitForWindowManager(const std::string& display) {
 }
 
 /// One entry of a process's environment as it was at its start.
-bool environmentHolds(pid_t pid, std::string_view entry) {
+bool environmentHolds(pid_t pid, const std::string& entry) {
   std::ifstream file("/proc/" + std::to_string(pid) + "/environ", std::ios::binary);
-  const std::string all{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  std::string_view rest = all;
-  while (!rest.empty()) {
-    const std::size_t end = std::min(rest.find('\0'), rest.size());
-    if (rest.substr(0, end) == entry) return true;
-    rest.remove_prefix(std::min(end + 1, rest.size()));
+  for (std::string one; std::getline(file, one, '\0');) {
+    if (one == entry) return true;
   }
   return false;
 }

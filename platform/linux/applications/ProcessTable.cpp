@@ -33,9 +33,14 @@ std::string pathOf(ProcessIdentifier process, const char* file) {
   return "/proc/" + std::to_string(process) + "/" + file;
 }
 
+/// What is there of a file; nothing when its process has ended. A process may also end between the
+/// opening and the reading, which then fails: the stream's own operators take the exception that
+/// its buffer throws.
 std::string contents(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return std::move(text).str();
 }
 
 /// Where a symbolic link leads; empty when that cannot be seen.

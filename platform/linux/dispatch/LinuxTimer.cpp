@@ -16,18 +16,23 @@ LinuxTimer::LinuxTimer(Duration interval, Duration tolerance, std::function<void
       due_(LinuxDelayedWork::after(interval)) {}
 
 void LinuxTimer::schedule() {
-  delayed_.schedule(coalescedInstant(due_, tolerance_), [self = shared_from_this()] {
-    self->mainQueue_.async([self] { self->fire(); });
-  });
+  delayed_.schedule(coalescedInstant(due_, tolerance_),
+                    [self = shared_from_this()] { self->comeDue(); });
+}
+
+void LinuxTimer::comeDue() {
+  if (!isValid_) return;
+  if (!isFiring_.exchange(true)) {
+    mainQueue_.async([self = shared_from_this()] { self->fire(); });
+  }
+  due_ = nextDue(due_, interval_, std::chrono::steady_clock::now());
+  schedule();
 }
 
 void LinuxTimer::fire() {
   const std::shared_ptr<const std::function<void()>> block = block_;
-  if (!block) return;
-  (*block)();
-  if (!block_) return;
-  due_ = nextDue(due_, interval_, std::chrono::steady_clock::now());
-  schedule();
+  if (block) (*block)();
+  isFiring_ = false;
 }
 
 }  // namespace talmo

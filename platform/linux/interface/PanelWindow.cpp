@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <xcb/xcb.h>
+
 #include "platform/linux/interface/MenuPopup.h"
 #include "platform/linux/interface/view/ContentView.h"
 #include "platform/linux/interface/WindowShape.h"
@@ -13,6 +15,15 @@ namespace talmo {
 namespace {
 
 constexpr int animationMilliseconds = 120;
+
+/// Whether it tells that somebody takes the keyboard, or gives it back, while the focus stays where
+/// it is.
+bool isOfGrab(const void* message) {
+  const auto& event = *static_cast<const xcb_focus_in_event_t*>(message);
+  const int type = event.response_type & 0x7F;
+  return (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) &&
+         (event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB);
+}
 
 }  // namespace
 
@@ -78,6 +89,11 @@ bool PanelWindow::event(QEvent* event) {
   const bool isHandled = QWidget::event(event);
   if (event->type() == QEvent::WindowDeactivate && isVisible() && onResignKey) onResignKey();
   return isHandled;
+}
+
+bool PanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* result) {
+  return (type == "xcb_generic_event_t" && isOfGrab(message)) ||
+         QWidget::nativeEvent(type, message, result);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {

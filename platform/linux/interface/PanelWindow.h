@@ -41,6 +41,9 @@ class PanelWindow : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  /// Keeps from the toolkit that a media key holds the keyboard while it is down, which it would
+  /// soon take for the loss of the focus.
+  bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
