@@ -26,10 +26,8 @@ class FirstRun : public DesktopTest {
  protected:
   /// The first run's window, when it is on screen.
   std::optional<xcb_window_t> window() {
-    for (const ScreenWindows::Window& seen : windows_.of(talmo_->process().pid())) {
-      if (seen.title == title) return seen.id;
-    }
-    return std::nullopt;
+    const auto seen = windows_.titled(talmo_->process().pid(), title);
+    return seen ? std::optional(seen->id) : std::nullopt;
   }
 
   bool waitForWindow() {
