@@ -14,6 +14,7 @@
 #include "tests/desktop/SilentPanelTest.h"
 #include "tests/support/PrivateSession.h"
 #include "tests/support/RivalClient.h"
+#include "tests/support/TalmoWindows.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -45,7 +46,7 @@ class QuittingTest : public SilentPanelTest {
     tray_.emplace(desktop_);
     startTalmo();
     ASSERT_TRUE(waitUntil(
-        [this] { return icon() && windows_.titled(talmo_->process().pid(), "Welcome to Talmo"); },
+        [this] { return icon() && windows_.titled(talmo_->process().pid(), firstRunTitle); },
         patience))
         << talmo_->log();
     EXPECT_FALSE(talmo_->lines("Event tap running").empty()) << talmo_->log();
