@@ -213,7 +213,11 @@ void ShowDesktop::takePicture(const std::string& name, PixelArea area,
       desktop_.start({"import", "-window", "root", "-crop", crop, "+repage", file.string()});
   const bool good = import->waitForExit(patience) == 0;
   check("Picture: " + name, good);
-  if (good) pictures_.push_back(file);
+  if (good) {
+    pictures_.push_back(file);
+  } else {
+    ShowReport::quote(import->output());
+  }
 }
 
 void ShowDesktop::sum() const {
