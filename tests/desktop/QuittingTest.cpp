@@ -1,6 +1,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <memory>
 #include <optional>
 #include <signal.h>
 #include <string>
@@ -11,6 +13,7 @@
 #include <nlohmann/json.hpp>
 #include <xcb/xcb.h>
 
+#include "platform/linux/x11/XConnection.h"
 #include "tests/desktop/SilentPanelTest.h"
 #include "tests/support/PrivateSession.h"
 #include "tests/support/RivalClient.h"
@@ -217,6 +220,17 @@ TEST_F(QuittingTest, ByForceFreesTheKeysAndTheHelperFollows) {
   const std::string pinned = pinOnTheOpenPanel();
   talmo_->process().signal(SIGKILL);
   EXPECT_EQ(talmo_->process().waitForExit(patience), -SIGKILL);
+  EXPECT_TRUE(waitUntilNothingRuns());
+  expectPinned(pinned);
+  expectFreeKeys();
+}
+
+TEST_F(QuittingTest, WhenItsWindowIsKilledFreesTheKeysAndEndsTheHelper) {
+  const std::string pinned = pinOnTheOpenPanel();
+  const std::unique_ptr<XConnection> display = XConnection::open(desktop_.displayName());
+  xcb_kill_client(display->get(), panel().value().id);
+  xcb_flush(display->get());
+  EXPECT_EQ(talmo_->process().waitForExit(patience), 1) << talmo_->log();
   EXPECT_TRUE(waitUntilNothingRuns());
   expectPinned(pinned);
   expectFreeKeys();
