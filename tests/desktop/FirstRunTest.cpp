@@ -12,6 +12,7 @@
 #include "tests/support/FakePlayerProcess.h"
 #include "tests/support/RivalClient.h"
 #include "tests/support/ScreenWindows.h"
+#include "tests/support/TalmoWindows.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -19,17 +20,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* title = "Welcome to Talmo";
-
 /// Talmo on a desktop that has never seen it.
 class FirstRun : public DesktopTest {
  protected:
   /// The first run's window, when it is on screen.
   std::optional<xcb_window_t> window() {
-    for (const ScreenWindows::Window& seen : windows_.of(talmo_->process().pid())) {
-      if (seen.title == title) return seen.id;
-    }
-    return std::nullopt;
+    const auto seen = windows_.titled(talmo_->process().pid(), firstRunTitle);
+    return seen ? std::optional(seen->id) : std::nullopt;
   }
 
   bool waitForWindow() {

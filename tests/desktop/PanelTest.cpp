@@ -1,11 +1,11 @@
 #include "tests/desktop/PanelTest.h"
 
-#include <algorithm>
 #include <chrono>
 #include <fstream>
 
 #include <nlohmann/json.hpp>
 
+#include "tests/support/TalmoWindows.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -19,17 +19,6 @@ constexpr auto pollInterval = 20ms;
 /// For how long nothing may have changed in a picture that has settled.
 constexpr auto stillness = 300ms;
 
-/// The types that the toolkit gives to windows that no window manager is to touch: the one in the
-/// tray has one more than a menu.
-bool isInTray(const ScreenWindows::Window& window) {
-  return !window.isManaged && window.isOfType("_KDE_NET_WM_WINDOW_TYPE_OVERRIDE");
-}
-
-bool isMenu(const ScreenWindows::Window& window) {
-  return !window.isManaged &&
-         window.types == std::vector<std::string>{"_NET_WM_WINDOW_TYPE_NORMAL"};
-}
-
 }  // namespace
 
 PanelTest::PanelTest() : mouse_(desktop_.displayName()), windows_(desktop_.displayName()) {}
@@ -42,24 +31,15 @@ void PanelTest::startWithTray(const std::optional<std::string>& selection) {
 }
 
 std::optional<PixelArea> PanelTest::icon() {
-  for (const ScreenWindows::Window& window : windows_.of(talmo_->process().pid())) {
-    if (isInTray(window) && window.area.height > 1) return window.area;
-  }
-  return std::nullopt;
+  return talmoIcon(windows_, talmo_->process().pid());
 }
 
 std::optional<ScreenWindows::Window> PanelTest::panel() {
-  for (ScreenWindows::Window& window : windows_.of(talmo_->process().pid())) {
-    if (window.isManaged && window.isOfType("_NET_WM_WINDOW_TYPE_UTILITY")) return window;
-  }
-  return std::nullopt;
+  return talmoPanel(windows_, talmo_->process().pid());
 }
 
 std::optional<ScreenWindows::Window> PanelTest::menu() {
-  for (ScreenWindows::Window& window : windows_.of(talmo_->process().pid())) {
-    if (isMenu(window)) return window;
-  }
-  return std::nullopt;
+  return talmoMenu(windows_, talmo_->process().pid());
 }
 
 void PanelTest::clickIcon(std::uint8_t button) {

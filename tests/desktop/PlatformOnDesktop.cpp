@@ -10,12 +10,25 @@ namespace talmo::test {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// Sets one variable of this process's environment, or removes it.
+void set(const std::string& name, const std::optional<std::string>& value) {
+  if (value) {
+    ::setenv(name.c_str(), value->c_str(), 1);
+  } else {
+    ::unsetenv(name.c_str());
+  }
+}
+
+}  // namespace
+
 PlatformOnDesktop::PlatformOnDesktop(const PrivateDesktop& desktop,
                                      const std::filesystem::path& bundleFolder, bool hasInterface) {
   for (const auto& [name, value] : desktop.environment()) {
     const char* before = std::getenv(name.c_str());
     environment_[name] = before == nullptr ? std::nullopt : std::optional<std::string>(before);
-    ::setenv(name.c_str(), value.c_str(), 1);
+    set(name, value.empty() ? std::nullopt : std::optional(value));
   }
   if (hasInterface) toolkit_ = Toolkit::connect();
   platform_ = std::make_unique<LinuxPlatform>(bundleFolder);
@@ -26,13 +39,7 @@ PlatformOnDesktop::~PlatformOnDesktop() {
   platform_ = nullptr;
   setPlatform(nullptr);
   toolkit_ = nullptr;
-  for (const auto& [name, value] : environment_) {
-    if (value) {
-      ::setenv(name.c_str(), value->c_str(), 1);
-    } else {
-      ::unsetenv(name.c_str());
-    }
-  }
+  for (const auto& [name, value] : environment_) set(name, value);
 }
 
 bool PlatformOnDesktop::runUntil(const std::function<bool()>& condition) {

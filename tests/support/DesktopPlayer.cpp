@@ -45,8 +45,16 @@ std::filesystem::path vlcForRoot(const std::filesystem::path& folder) {
 
 std::vector<std::string> DesktopPlayer::vlcCommand(const PrivateDesktop& desktop) {
   const std::string program = ::geteuid() == 0 ? vlcForRoot(desktop.folder()).string() : "vlc";
-  return {program,       "--intf=qt",  "--no-qt-privacy-ask",   "--aout=pulse",      "--loop",
-          "--no-random", "--no-video", "--no-qt-error-dialogs", "--no-media-library"};
+  return {program,
+          "--intf=qt",
+          "--no-qt-privacy-ask",
+          "--aout=pulse",
+          "--loop",
+          "--no-random",
+          "--no-video",
+          "--no-qt-error-dialogs",
+          "--no-media-library",
+          "--qt-continue=0"};
 }
 
 std::unique_ptr<DesktopPlayer> DesktopPlayer::startVlc(

@@ -14,6 +14,9 @@
 namespace talmo::test {
 namespace {
 
+// Its ground, as 0xRRGGBB; nothing is on it.
+constexpr std::uint32_t paper = 0xF4F4F2;
+
 std::string nameOf(xkb_keysym_t keysym) {
   std::array<char, 64> name{};
   return xkb_keysym_get_name(keysym, name.data(), name.size()) > 0 ? name.data() : "";
@@ -37,11 +40,12 @@ FocusWindow::FocusWindow(const std::string& display, const Options& options)
   xcb_connection_t* const server = connection_->get();
   turnOnDetectableRepeat(server);
   window_ = xcb_generate_id(server);
-  const std::uint32_t events =
-      XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+  const std::array<std::uint32_t, 2> values{paper, XCB_EVENT_MASK_KEY_PRESS |
+                                                       XCB_EVENT_MASK_KEY_RELEASE |
+                                                       XCB_EVENT_MASK_STRUCTURE_NOTIFY};
   xcb_create_window(server, XCB_COPY_FROM_PARENT, window_, connection_->root(), 100, 100,
                     options.width, options.height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                    XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+                    XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values.data());
   const xcb_atom_t utf8 = connection_->atom("UTF8_STRING");
   xcb_change_property(server, XCB_PROP_MODE_REPLACE, window_, connection_->atom("_NET_WM_NAME"),
                       utf8, 8, static_cast<std::uint32_t>(options.title.size()),

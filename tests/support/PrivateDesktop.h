@@ -23,8 +23,13 @@ class PrivateDesktop {
   PrivateDesktop();
   ~PrivateDesktop();
 
-  /// What a program needs to run on this desktop and nowhere else.
+  /// What a program needs to run on this desktop and nowhere else; empty is what it must not have.
   const std::map<std::string, std::string>& environment() const { return environment_; }
+
+  /// Changes that for the programs that are started from now on.
+  void setVariable(const std::string& name, const std::string& value) {
+    environment_[name] = value;
+  }
 
   /// Starts a program on this desktop; the rules are `TestProcess`'s.
   std::unique_ptr<TestProcess> start(std::vector<std::string> arguments) const;

@@ -23,6 +23,14 @@ std::vector<ScreenWindows::Window> ScreenWindows::of(pid_t process) {
   return found;
 }
 
+std::optional<ScreenWindows::Window> ScreenWindows::titled(pid_t process,
+                                                           const std::string& title) {
+  for (Window& window : of(process)) {
+    if (window.title == title) return std::move(window);
+  }
+  return std::nullopt;
+}
+
 std::uint32_t ScreenWindows::active() {
   const std::vector<xcb_window_t> active =
       connection_->windows(connection_->root(), "_NET_ACTIVE_WINDOW");

@@ -33,6 +33,9 @@ class ScreenWindows {
   /// The windows that say that they are the process's and that are on the screen.
   std::vector<Window> of(pid_t process);
 
+  /// The one of these that has this title; nothing when there is none.
+  std::optional<Window> titled(pid_t process, const std::string& title);
+
   /// The window in front as the window manager says; 0 when there is none.
   std::uint32_t active();
 

@@ -68,7 +68,7 @@ TestProcess::TestProcess(const Start& start) : outputFile_(makeOutputFile()) {
     if (!start.environment.contains(name)) environment.emplace_back(text);
   }
   for (const auto& [name, value] : start.environment) {
-    environment.push_back(name + "=" + value);
+    if (!value.empty()) environment.push_back(name + "=" + value);
   }
   std::vector<char*> environmentPointers;
   for (std::string& entry : environment) environmentPointers.push_back(entry.data());

@@ -18,7 +18,7 @@ class TestProcess {
   struct Start {
     /// The program (looked up in PATH) and its arguments.
     std::vector<std::string> arguments;
-    /// Added to the test's own environment.
+    /// Added to the test's own environment. An empty value takes a variable away from it.
     std::map<std::string, std::string> environment = {};
     /// A descriptor of the test that the program gets as its descriptor 3.
     std::optional<int> descriptor3 = std::nullopt;

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/linux/interface/AboutPanel.h"
+#include "platform/linux/interface/QuitRequests.h"
 
 namespace talmo {
 namespace {
@@ -20,6 +21,7 @@ constexpr Duration longestClick = std::chrono::milliseconds(500);
 LinuxOwnApplication::LinuxOwnApplication(LinuxDispatch& dispatch, const Bundle& bundle)
     : dispatch_(dispatch) {
   if (qApp == nullptr) return;
+  quitRequests_ = std::make_unique<QuitRequests>([this] { terminate(); });
   about_ = std::make_unique<AboutPanel>();
   if (const std::optional<std::string> icon = bundle.resourcePath("images/AppIcon", "svg")) {
     QApplication::setWindowIcon(QIcon(QString::fromStdString(*icon)));

@@ -12,6 +12,7 @@
 namespace talmo {
 
 class AboutPanel;
+class QuitRequests;
 
 /// The program as an application of a Linux desktop; it ends with its main loop. Main thread,
 /// unless the interface says otherwise.
@@ -47,7 +48,8 @@ class LinuxOwnApplication : public Application {
   std::optional<InterfaceEvent> currentEvent_;
   std::optional<Uptime> pressedElsewhere_;
   bool isTerminating_ = false;
-  // Nothing without the toolkit.
+  // Nothing without the toolkit, as what follows.
+  std::unique_ptr<QuitRequests> quitRequests_;
   std::unique_ptr<AboutPanel> about_;
 };
 

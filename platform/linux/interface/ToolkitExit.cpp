@@ -1,32 +1,31 @@
 #include "platform/linux/interface/ToolkitExit.h"
 
-#include <cstdlib>
 #include <utility>
 
 namespace talmo {
 namespace {
 
-/// What an exit handler can reach.
-std::function<void()>& leaving() {
-  // Never destroyed, as the handler runs among the destructors.
-  static auto* const function = new std::function<void()>;
-  return *function;
-}
+/// What belongs to a thread is destroyed before anything static, and exit handlers run among the
+/// static destructors: too late for the other threads, which still use what these destroy.
+struct Leaving {
+  ~Leaving() {
+    const std::function<void()> leave = std::exchange(function, nullptr);
+    if (leave) leave();
+  }
 
-void handleExit() {
-  const std::function<void()> leave = std::exchange(leaving(), nullptr);
-  if (leave) leave();
-}
+  std::function<void()> function;
+};
+
+thread_local Leaving leaving;
 
 }  // namespace
 
 ToolkitExit::ToolkitExit(std::function<void()> leave) {
-  leaving() = std::move(leave);
-  [[maybe_unused]] static const int isRegistered = std::atexit(handleExit);
+  leaving.function = std::move(leave);
 }
 
 ToolkitExit::~ToolkitExit() {
-  leaving() = nullptr;
+  leaving.function = nullptr;
 }
 
 }  // namespace talmo

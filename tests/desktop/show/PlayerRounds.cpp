@@ -1,131 +1,122 @@
 #include "tests/desktop/show/PlayerRounds.h"
 
-#include <iomanip>
-#include <iostream>
-#include <string>
+#include <chrono>
 
+#include "tests/desktop/show/PanelRound.h"
 #include "tests/support/Tunes.h"
+#include "tests/support/UrlEscaped.h"
 
 namespace talmo::test {
 namespace {
 
-std::vector<std::filesystem::path> writeTunesWithCover(const std::filesystem::path& folder) {
+constexpr const char* first = "Midnight in the Harbour";
+constexpr const char* second = "Slow Boats";
+constexpr const char* third = "The Lamps Go Out";
+
+/// An album with its cover. Players read its artist and title off the folders.
+std::vector<std::filesystem::path> writeAlbum(const std::filesystem::path& folder) {
   std::vector<std::filesystem::path> tunes = writeTunes(folder);
   writeCover(folder);
+  std::size_t index = 0;
+  for (const char* const title : {first, second, third}) {
+    std::filesystem::path& tune = tunes.at(index++);
+    const std::filesystem::path named = folder / (std::string(title) + ".wav");
+    std::filesystem::rename(tune, named);
+    tune = named;
+  }
   return tunes;
-}
-
-/// What a person sees of a player.
-struct Sight {
-  std::string status;
-  std::string track;
-
-  bool operator==(const Sight&) const = default;
-
-  std::string text() const { return status + ", " + track; }
-};
-
-Sight look(DesktopPlayer& player) {
-  return {player.mpris().playbackStatus(), player.mpris().track()};
-}
-
-/// Whether the helper sees that the player does this. A player that is paused has the session only
-/// if it was the last to start.
-bool sees(const std::optional<AdapterNowPlayingSnapshot>& snapshot, const DesktopPlayer& player,
-          const Sight& sight) {
-  const bool isPlaying = sight.status == "Playing";
-  if (!snapshot) return false;
-  if (snapshot->bundleID != player.bundleID()) return !isPlaying;
-  return snapshot->isPlaying == isPlaying && snapshot->artwork &&
-         snapshot->title == std::filesystem::path(sight.track).stem();
 }
 
 }  // namespace
 
 PlayerRounds::PlayerRounds(ShowDesktop& show)
     : show_(show),
-      tunes_(writeTunesWithCover(show.desktop().folder() / "Tunes" / "Sine waves")),
+      tunes_(writeAlbum(show.desktop().folder() / "Paper Lanterns" / "Night Ferry")),
       vlc_(DesktopPlayer::startVlc(show.desktop(), tunes_)),
       audacious_(DesktopPlayer::startAudacious(show.desktop(), tunes_)) {
-  for (DesktopPlayer* player : {vlc_.get(), audacious_.get()}) {
-    std::cout << "  " << std::left << std::setw(10) << player->displayName() << look(*player).text()
-              << '\n';
+  place(*vlc_, 30, 200);
+  place(*audacious_, 430, 60);
+}
+
+void PlayerRounds::place(DesktopPlayer& player, int x, int y) {
+  for (const ScreenWindows::Window& window : show_.windows().of(player.process().pid())) {
+    if (window.isManaged) show_.move(window.id, x, y);
   }
 }
 
-bool PlayerRounds::run() {
-  bool good = runPinned(*vlc_, *audacious_);
-  good = runPinned(*audacious_, *vlc_) && good;
-  show_.takePicture("talmo-show.png");
-  return runAuto() && good;
+void PlayerRounds::run() {
+  runPanelRound(show_, *audacious_, *vlc_, first);
+  runPinned(*vlc_, *audacious_);
+  runPinned(*audacious_, *vlc_);
+  show_.takePicture("players.png");
+  runAuto();
 }
 
-bool PlayerRounds::act(DesktopPlayer& player, const char* method, const std::string& expected) {
-  const bool good = player.mpris().call(method) && player.waitForStatus(expected);
-  return ShowDesktop::print("By hand: " + std::string(method) + " in " + player.displayName(),
-                            good);
+PlayerRounds::Sight PlayerRounds::look(DesktopPlayer& player) const {
+  Sight sight{.status = player.mpris().playbackStatus(), .title = player.mpris().track()};
+  for (const std::filesystem::path& tune : tunes_) {
+    if (sight.title == urlEscaped(tune.filename())) sight.title = tune.stem();
+  }
+  return sight;
 }
 
-bool PlayerRounds::runAuto() {
-  show_.startTalmo("auto", "Talmo in auto mode, both players there");
-  show_.focusWindow();
-  const auto press = [this](const ShowKey& key, DesktopPlayer& player, const Sight& expected) {
-    const bool good = show_.press(
-        key, player.displayName(), [&] { return look(player).text(); },
-        [&] { return look(player) == expected; });
-    return show_.helperSees([&](const auto& snapshot) {
-      return sees(snapshot, player, expected);
-    }) && good;
-  };
-  const std::string first = tunes_[0].filename();
-  const std::string second = tunes_[1].filename();
-
-  bool good = act(*vlc_, "Pause", "Paused");
-  good = press(playPauseKey, *audacious_, {"Paused", first}) && good;
-  good = act(*vlc_, "Play", "Playing") && good;
-  // AutoRouting.cpp's age of a recent owner, and a second more.
-  show_.wait(std::chrono::seconds(16), "until what Talmo knows of the session is old");
-  good = press(nextKey, *vlc_, {"Playing", second}) && good;
-  good = press(playPauseKey, *vlc_, {"Paused", second}) && good;
-  good = press(playPauseKey, *vlc_, {"Playing", second}) && good;
-  good = show_.windowGotNoKeys() && good;
-  good = ShowDesktop::print("Audacious was left alone since (" + look(*audacious_).text() + ")",
-                            look(*audacious_) == Sight{"Paused", first}) &&
-         good;
-  return show_.endTalmo() && good;
+std::string PlayerRounds::describe(DesktopPlayer& player) const {
+  const Sight sight = look(player);
+  return player.displayName() + (sight.status == "Playing" ? " plays" : " rests at") + " \"" +
+         sight.title + '"';
 }
 
-bool PlayerRounds::runPinned(DesktopPlayer& player, DesktopPlayer& other) {
-  show_.startTalmo(player.id(), "Talmo, pinned to " + player.displayName());
+void PlayerRounds::press(const ShowKey& key, DesktopPlayer& player, const Sight& expected) {
+  show_.press(key, [&] { return describe(player); }, [&] { return look(player) == expected; });
+  const bool isPlaying = expected.status == "Playing";
+  show_.helperSees([&](const std::optional<AdapterNowPlayingSnapshot>& snapshot) {
+    if (!snapshot) return false;
+    // A player that is paused has the session only if it was the last to start.
+    if (snapshot->bundleID != player.bundleID()) return !isPlaying;
+    return snapshot->isPlaying == isPlaying && snapshot->artwork &&
+           snapshot->title == expected.title;
+  });
+}
+
+void PlayerRounds::runPinned(DesktopPlayer& player, DesktopPlayer& other) {
+  show_.report().chapter("Pinned to " + player.displayName());
+  show_.report().tell(
+      "Both players play. Real keys are pressed while another window has the keyboard. Talmo's "
+      "helper, which tells it what plays, looks on.");
+  show_.startTalmo(player.id());
   const Sight otherBefore = look(other);
   show_.focusWindow();
+  show_.check(describe(player), look(player) == Sight{"Playing", first});
+  press(playPauseKey, player, {"Paused", first});
+  press(playPauseKey, player, {"Playing", first});
+  press(nextKey, player, {"Playing", second});
+  press(previousKey, player, {"Playing", first});
+  show_.windowGotNoKeys();
+  show_.check(other.displayName() + " was left alone", look(other) == otherBefore);
+  show_.endTalmo();
+}
 
-  const std::string first = tunes_[0].filename();
-  const std::string second = tunes_[1].filename();
-  const struct {
-    ShowKey key;
-    Sight expected;
-  } presses[] = {
-      {playPauseKey, {"Paused", first}},
-      {playPauseKey, {"Playing", first}},
-      {nextKey, {"Playing", second}},
-      {previousKey, {"Playing", first}},
-  };
-  bool good = look(player) == Sight{"Playing", first};
-  for (const auto& [key, expected] : presses) {
-    good = show_.press(
-               key, player.displayName(), [&] { return look(player).text(); },
-               [&] { return look(player) == expected; }) &&
-           good;
-    good = show_.helperSees([&](const auto& snapshot) {
-      return sees(snapshot, player, expected);
-    }) && good;
-  }
-  good = show_.windowGotNoKeys() && good;
-  good = ShowDesktop::print(other.displayName() + " was left alone (" + look(other).text() + ")",
-                            look(other) == otherBefore) &&
-         good;
-  return show_.endTalmo() && good;
+void PlayerRounds::runAuto() {
+  show_.report().chapter("Nothing pinned: the keys follow what plays");
+  show_.startTalmo("auto");
+  show_.focusWindow();
+  act(*vlc_, "Pause", "Paused");
+  press(playPauseKey, *audacious_, {"Paused", first});
+  act(*vlc_, "Play", "Playing");
+  show_.report().tell("Sixteen seconds pass, until what Talmo knows of the players is too old.");
+  // AutoRouting.cpp's age of a recent owner, and a second more.
+  ShowDesktop::wait(std::chrono::seconds(16));
+  press(nextKey, *vlc_, {"Playing", second});
+  press(playPauseKey, *vlc_, {"Paused", second});
+  press(playPauseKey, *vlc_, {"Playing", second});
+  show_.windowGotNoKeys();
+  show_.check("Audacious was left alone since", look(*audacious_) == Sight{"Paused", first});
+  show_.endTalmo();
+}
+
+void PlayerRounds::act(DesktopPlayer& player, const char* method, const std::string& expected) {
+  show_.check("By hand: " + std::string(method) + " in " + player.displayName(),
+              player.mpris().call(method) && player.waitForStatus(expected));
 }
 
 }  // namespace talmo::test

@@ -1,13 +1,14 @@
 // talmo-show
 //
-// Shows Talmo at work on a private desktop: real players, a real browser, real key presses through
-// the X server. Prints what is pressed, what Talmo logs, what the player does and what Talmo's
-// helper sees of it. Ends with 0 only if every press did to the player what the key says, and with
-// pictures of the desktop beside the program.
+// Shows Talmo at work on a private desktop: real players, a real browser, real key presses and
+// clicks through the X server. Says what is done and what is seen, chapter by chapter, and keeps
+// pictures of it beside the program. Ends with 0 only if everything was as it should be.
 #include <exception>
 #include <iostream>
 
+#include "tests/desktop/show/FirstRunRound.h"
 #include "tests/desktop/show/PlayerRounds.h"
+#include "tests/desktop/show/QuitRound.h"
 #include "tests/desktop/show/ShowDesktop.h"
 #include "tests/desktop/show/WebRound.h"
 
@@ -16,9 +17,12 @@ namespace {
 
 bool run() {
   ShowDesktop show;
-  bool good = PlayerRounds(show).run();
-  good = runWebRound(show) && good;
-  return good;
+  runFirstRunRound(show);
+  PlayerRounds(show).run();
+  runWebRound(show);
+  runQuitRound(show);
+  show.sum();
+  return show.report().isGood();
 }
 
 }  // namespace
@@ -27,12 +31,7 @@ bool run() {
 int main() {
   talmo::test::stopShowAtInterruption();
   try {
-    const bool good = talmo::test::run();
-    std::cout << (good
-                      ? "\nEvery player paused, resumed and skipped at the press of a key, and the "
-                        "helper saw it.\n"
-                      : "\nNot everything went as it should.\n");
-    return good ? 0 : 1;
+    return talmo::test::run() ? 0 : 1;
   } catch (const std::exception& error) {
     std::cout.flush();
     std::cerr << "talmo-show: " << error.what() << '\n';

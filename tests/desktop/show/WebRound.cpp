@@ -1,6 +1,5 @@
 #include "tests/desktop/show/WebRound.h"
 
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -8,7 +7,6 @@
 #include "tests/support/ImitationPage.h"
 #include "tests/support/ImitationSite.h"
 #include "tests/support/MprisClient.h"
-#include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
 namespace {
@@ -24,45 +22,46 @@ std::vector<std::string> arguments(const ImitationSite& site) {
 
 }  // namespace
 
-bool runWebRound(ShowDesktop& show) {
+void runWebRound(ShowDesktop& show) {
   const ImitationSite site;
-  std::cout << "\nChromium opens a page that imitates YouTube's" << std::endl;
+  show.report().chapter("A player in a browser's tab");
+  show.report().tell("Chromium opens a page that imitates YouTube's. Talmo is pinned to YouTube.");
   const ChromiumProcess browser(show.desktop(), {.arguments = arguments(site)});
   MprisClient session(show.desktop().busAddress(),
                       "chromium.instance" + std::to_string(browser.pid()));
-  const auto sight = [&] {
-    return session.playbackStatus() + ", " + session.metadata("xesam:title");
+  const auto isAt = [&](const char* status, const std::string& title) {
+    return session.playbackStatus() == status && session.metadata("xesam:title") == title;
   };
-  bool good = ShowDesktop::print(
-      "The page plays",
-      waitUntil([&] { return sight() == "Playing, First light"; }, ShowDesktop::patience));
+  const auto sight = [&] {
+    return "the page " + std::string(session.playbackStatus() == "Playing" ? "plays" : "rests at") +
+           " \"" + session.metadata("xesam:title") + '"';
+  };
+  show.check("The page plays \"First light\"",
+             ShowDesktop::await([&] { return isAt("Playing", "First light"); }));
 
-  show.startTalmo("youtube-web", "Talmo, pinned to YouTube");
+  show.startTalmo("youtube-web");
   show.focusWindow();
   const struct {
     ShowKey key;
-    const char* expected;
+    const char* status;
     const char* title;
-    bool isPlaying;
   } presses[] = {
-      {playPauseKey, "Paused, First light", "First light", false},
-      {playPauseKey, "Playing, First light", "First light", true},
-      {nextKey, "Playing, Second wind", "Second wind", true},
-      {previousKey, "Playing, First light", "First light", true},
+      {playPauseKey, "Paused", "First light"},
+      {playPauseKey, "Playing", "First light"},
+      {nextKey, "Playing", "Second wind"},
+      {previousKey, "Playing", "First light"},
   };
-  for (const auto& press : presses) {
-    good = show.press(press.key, "Page", sight, [&] { return sight() == press.expected; }) && good;
-    good = show.helperSees([&](const auto& snapshot) {
-      return snapshot && snapshot->bundleID == "com.google.Chrome" &&
-             snapshot->title == press.title && snapshot->isPlaying == press.isPlaying;
-    }) && good;
+  for (const auto& [key, status, title] : presses) {
+    show.press(key, sight, [&] { return isAt(status, title); });
+    show.helperSees([&](const auto& snapshot) {
+      return snapshot && snapshot->bundleID == "com.google.Chrome" && snapshot->title == title &&
+             snapshot->isPlaying == (std::string(status) == "Playing");
+    });
   }
-  good = ShowDesktop::print("The page was told so as its media session",
-                            site.waitFor("video", "action pause")) &&
-         good;
-  good = show.windowGotNoKeys() && good;
-  show.takePicture("talmo-show-web.png");
-  return show.endTalmo() && good;
+  show.check("The page was told so as its media session", site.waitFor("video", "action pause"));
+  show.windowGotNoKeys();
+  show.takePicture("browser.png");
+  show.endTalmo();
 }
 
 }  // namespace talmo::test

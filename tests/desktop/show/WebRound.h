@@ -5,7 +5,7 @@
 namespace talmo::test {
 
 /// A real browser plays a page that imitates a web player's, and Talmo is pinned to that player.
-/// Whether every press did to the page what the key says. The browser has ended when this returns.
-bool runWebRound(ShowDesktop& show);
+/// The browser has ended when this returns.
+void runWebRound(ShowDesktop& show);
 
 }  // namespace talmo::test

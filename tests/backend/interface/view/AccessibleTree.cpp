@@ -91,6 +91,23 @@ std::vector<AccessibleThing> AccessibleTree::things(int process) {
   return found;
 }
 
+std::optional<PixelArea> AccessibleTree::place(int process, const std::string& role,
+                                               const std::string& name) {
+  std::optional<PixelArea> found;
+  walkApplication(process, [&](AtspiAccessible* accessible, const AccessibleThing& each) {
+    if (found || each.role != role || each.name != name) return;
+    AtspiComponent* const component = atspi_accessible_get_component_iface(accessible);
+    if (component == nullptr) return;
+    AtspiRect* const rect =
+        atspi_component_get_extents(component, ATSPI_COORD_TYPE_SCREEN, nullptr);
+    g_object_unref(component);
+    if (rect == nullptr) return;
+    found = {.x = rect->x, .y = rect->y, .width = rect->width, .height = rect->height};
+    g_free(rect);
+  });
+  return found;
+}
+
 bool AccessibleTree::press(int process, const std::string& role, const std::string& name) {
   bool isPressed = false;
   walkApplication(process, [&](AtspiAccessible* accessible, const AccessibleThing& each) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "tests/support/PixelArea.h"
 
 namespace talmo::test {
 
@@ -25,6 +28,9 @@ class AccessibleTree {
 
   /// Everything that is shown of the application whose process that is; empty until it is there.
   std::vector<AccessibleThing> things(int process);
+
+  /// Where on the screen the thing of that role and name is; nothing when it is not there.
+  std::optional<PixelArea> place(int process, const std::string& role, const std::string& name);
 
   /// Does the first action of the thing of that role and name; false when it is not there.
   bool press(int process, const std::string& role, const std::string& name);
