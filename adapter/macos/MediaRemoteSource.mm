@@ -1,15 +1,16 @@
 #include <algorithm>
-#import <AppKit/AppKit.h>
 #include <atomic>
 #include <cstdint>
-#include <dispatch/dispatch.h>
 #include <dlfcn.h>
-#import <Foundation/Foundation.h>
 #include <memory>
 #include <optional>
 #include <poll.h>
 #include <string>
 #include <unistd.h>
+
+#import <AppKit/AppKit.h>
+#include <dispatch/dispatch.h>
+#import <Foundation/Foundation.h>
 
 #include "adapter/SessionSource.h"
 
@@ -240,8 +241,7 @@ class MediaRemoteSource : public SessionSource {
       NSString* const notification = remote_.constant(name);
       if (notification == nil) continue;
       [observers_
-          addObject:[NSNotificationCenter.defaultCenter addObserverForName:notification
-                                                                    object:nil
+          addObject:[NSNotificationCenter.defaultCenter addObserverForName:notification object:nil
                                                                      queue:nil
                                                                 usingBlock:^(NSNotification*) {
                                                                   *hasChanged = true;
