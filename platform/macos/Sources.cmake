@@ -1,8 +1,21 @@
 # The sources of the macOS backend, from this folder. They are built on a Mac, and read by
 # `macos-check` everywhere.
 set(talmo_macos_sources
+  dispatch/MacDispatch.mm
+  dispatch/MacQueue.mm
+  dispatch/MacSemaphore.mm
+  dispatch/MacTimer.mm
+  Text.mm
+)
+
+# What is linked of the system.
+set(talmo_macos_frameworks
+  AppKit
+  CoreFoundation
+  Foundation
 )
 
 # Translations that need nothing of the system, and are tested on every system.
 set(talmo_macos_translation_sources
+  dispatch/QosClass.cpp
 )

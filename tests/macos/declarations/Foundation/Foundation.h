@@ -606,10 +606,11 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 
 @interface NSTimer : NSObject
 
-// Not scheduled. The block is kept until the timer is invalidated.
-+ (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval
-                          repeats:(BOOL)repeats
-                            block:(NS_SWIFT_SENDABLE void (^)(NSTimer* timer))block
+// In the default mode of the current run loop, which keeps it until it is invalidated. An interval
+// that is not positive is a tenth of a millisecond.
++ (NSTimer*)scheduledTimerWithTimeInterval:(NSTimeInterval)interval
+                                   repeats:(BOOL)repeats
+                                     block:(NS_SWIFT_SENDABLE void (^)(NSTimer* timer))block
     API_AVAILABLE(macos(10.12));
 @property NSTimeInterval tolerance API_AVAILABLE(macos(10.9));
 // Must be sent on the thread whose run loop has the timer.
