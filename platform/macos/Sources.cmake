@@ -17,5 +17,10 @@ set(talmo_macos_frameworks
 
 # Translations that need nothing of the system, and are tested on every system.
 set(talmo_macos_translation_sources
+  applications/DescriptorContent.cpp
+  applications/LaunchedInstance.cpp
+  applications/ScriptingReturn.cpp
+  applications/UnixDate.cpp
   dispatch/QosClass.cpp
+  images/PremultipliedPixels.cpp
 )
