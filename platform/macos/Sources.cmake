@@ -5,7 +5,17 @@ set(talmo_macos_sources
   dispatch/MacQueue.mm
   dispatch/MacSemaphore.mm
   dispatch/MacTimer.mm
+  log/MacLog.mm
+  MacBundle.mm
+  notifications/MacNotifications.mm
+  notifications/TLMObserver.mm
+  settings/MacUserDefaults.mm
   Text.mm
+)
+
+# What makes the program of it, in its bundle.
+set(talmo_macos_program_sources
+  AppDelegate.mm
 )
 
 # What is linked of the system.
@@ -23,4 +33,5 @@ set(talmo_macos_translation_sources
   applications/UnixDate.cpp
   dispatch/QosClass.cpp
   images/PremultipliedPixels.cpp
+  log/LogLine.cpp
 )
