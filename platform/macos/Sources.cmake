@@ -1,6 +1,7 @@
 # The sources of the macOS backend, from this folder. They are built on a Mac, and read by
 # `macos-check` everywhere.
 set(talmo_macos_sources
+  AppDelegate.mm
   applications/MacAppleEvents.mm
   applications/MacScriptingObject.mm
   applications/MacWorkspace.mm
@@ -22,11 +23,6 @@ set(talmo_macos_sources
   notifications/TLMObserver.mm
   settings/MacUserDefaults.mm
   Text.mm
-)
-
-# What makes the program of it, in its bundle.
-set(talmo_macos_program_sources
-  AppDelegate.mm
 )
 
 # What is linked of the system.
