@@ -6,16 +6,26 @@ set(talmo_macos_sources
   dispatch/MacQueue.mm
   dispatch/MacSemaphore.mm
   dispatch/MacTimer.mm
+  log/MacLog.mm
   login/MacLoginItem.mm
+  MacBundle.mm
   mediasession/MacMediaRemote.mm
   mediasession/MediaRemoteFramework.mm
   network/MacNetwork.mm
   network/TLMSessionDelegate.mm
+  notifications/MacNotifications.mm
+  notifications/TLMObserver.mm
   processes/MacChild.mm
   processes/MacChildProcess.mm
   processes/MacChildProcesses.mm
   processes/MacOutputPipe.mm
+  settings/MacUserDefaults.mm
   Text.mm
+)
+
+# What makes the program of it, in its bundle.
+set(talmo_macos_program_sources
+  AppDelegate.mm
 )
 
 # With Sparkle, and without: one of the two is built.
@@ -44,8 +54,14 @@ set(talmo_macos_frameworks
 
 # Translations that need nothing of the system, and are tested on every system.
 set(talmo_macos_translation_sources
+  applications/DescriptorContent.cpp
+  applications/LaunchedInstance.cpp
+  applications/ScriptingReturn.cpp
+  applications/UnixDate.cpp
   dispatch/QosClass.cpp
   images/ImageFile.cpp
+  images/PremultipliedPixels.cpp
+  log/LogLine.cpp
   mediasession/ElapsedTime.cpp
   network/HttpsTransfer.cpp
   network/HttpsUrl.cpp
