@@ -75,7 +75,10 @@ void PartList::arrangeLine() {
     add(parts_[index]);
     setHugging(parts_[index], plan.wide == index ? givingWay : NSLayoutPriorityDefaultLow);
   }
-  if (plan.roomBefore == parts_.size()) addRoom();
+  if (plan.roomBefore != parts_.size()) return;
+  // What is in the line is all of it when there is no room.
+  if (!parts_.empty()) [stack_ setCustomSpacing:0 afterView:parts_.back()];
+  addRoom();
 }
 
 void PartList::add(NSView* view) {
