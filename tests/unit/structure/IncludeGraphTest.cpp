@@ -71,6 +71,7 @@ TEST(IncludeGraph, FindsEveryBreach) {
   EXPECT_THAT(breachesOf("keys/K.cpp", "#include <xcb/xcb.h>\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("keys/K.cpp", "#  include <QString>\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("keys/K.cpp", "#include <unistd.h>\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("keys/K.cpp", "#import <Foundation/Foundation.h>\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("keys/K.cpp", "#include \"tests/T.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("keys/K.cpp", "#include \"K.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("keys/K.cpp", "#if defined(__linux__)\n"), SizeIs(1));
@@ -79,6 +80,8 @@ TEST(IncludeGraph, FindsEveryBreach) {
   EXPECT_THAT(breachesOf("platform/K.h", "#include \"platform/linux/L.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("platform/linux/K.h", "#include \"platform/macos/M.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("platform/linux/K.cpp", "#include \"app/A.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("platform/linux/input/main.cpp", "#include \"app/A.h\"\n"), SizeIs(1));
+  EXPECT_THAT(breachesOf("platform/macos/K.mm", "#include \"app/A.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("adapter/K.cpp", "#include \"app/A.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("adapter/K.cpp", "#include \"platform/linux/L.h\"\n"), SizeIs(1));
   EXPECT_THAT(breachesOf("adapter/K.cpp", "#include \"adapter/linux/L.h\"\n"), SizeIs(1));
@@ -93,6 +96,8 @@ TEST(IncludeGraph, FindsEveryBreach) {
               IsEmpty());
   EXPECT_THAT(breachesOf("platform/K.h", "#include \"support/S.h\"\n"), IsEmpty());
   EXPECT_THAT(breachesOf("platform/linux/main.cpp", "#include \"app/A.h\"\n"), IsEmpty());
+  EXPECT_THAT(breachesOf("platform/macos/AppDelegate.mm", "#include \"app/A.h\"\n"), IsEmpty());
+  EXPECT_THAT(breachesOf("platform/macos/K.mm", "#import <AppKit/AppKit.h>\n"), IsEmpty());
   EXPECT_THAT(breachesOf("platform/linux/K.cpp", "#include <unistd.h>\n#ifdef __linux__\n"),
               IsEmpty());
 }

@@ -7,7 +7,61 @@
 
 #define APPKIT_EXTERN extern "C"
 
+@class NSApplication;
+@class NSEvent;
+
 NS_ASSUME_NONNULL_BEGIN
+
+// --- NSApplication ----------------------------------------------------------------------------
+
+APPKIT_EXTERN NSApplication* _Null_unspecified NSApp;
+
+// Sets up the application and runs it; does not return: the end of the application is exit(0).
+APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull]);
+
+@protocol NSApplicationDelegate <NSObject>
+@optional
+- (void)applicationDidFinishLaunching:(NSNotification*)notification;
+@end
+
+@interface NSApplication : NSObject
+
+// Makes the application on first use, and sets NSApp.
+@property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property(nullable, weak) id<NSApplicationDelegate> delegate;
+- (void)activate API_AVAILABLE(macos(14.0));
+// Does not return, unless the delegate says no.
+- (void)terminate:(nullable id)sender;
+- (void)orderFrontStandardAboutPanel:(nullable id)sender;
+// The last that was taken from the queue; nil before the first.
+@property(nullable, readonly, strong) NSEvent* currentEvent;
+
+@end
+
+// --- NSHapticFeedback -------------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSHapticFeedbackPattern) {
+  NSHapticFeedbackPatternGeneric = 0,
+  NSHapticFeedbackPatternAlignment = 1,
+  NSHapticFeedbackPatternLevelChange = 2,
+} API_AVAILABLE(macos(10.11));
+
+typedef NS_ENUM(NSUInteger, NSHapticFeedbackPerformanceTime) {
+  NSHapticFeedbackPerformanceTimeDefault = 0,
+  NSHapticFeedbackPerformanceTimeNow = 1,
+  NSHapticFeedbackPerformanceTimeDrawCompleted = 2,
+} API_AVAILABLE(macos(10.11));
+
+API_AVAILABLE(macos(10.11)) @protocol NSHapticFeedbackPerformer<NSObject>
+- (void)performFeedbackPattern:(NSHapticFeedbackPattern)pattern
+               performanceTime:(NSHapticFeedbackPerformanceTime)performanceTime;
+@end
+
+API_AVAILABLE(macos(10.11)) @interface NSHapticFeedbackManager : NSObject
+
+@property(class, readonly, strong) id<NSHapticFeedbackPerformer> defaultPerformer;
+
+@end
 
 // --- NSRunningApplication ---------------------------------------------------------------------
 

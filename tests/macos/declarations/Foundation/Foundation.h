@@ -354,7 +354,9 @@ typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
   NSNotificationSuspensionBehaviorDeliverImmediately = 4,
 };
 
-// Delivers on the main thread, in the default mode of its run loop. The object is a string.
+// Delivers on the main thread, in the common modes of its run loop; while the application is not
+// active it holds back what is not to be delivered immediately ("suspended"). The object is a
+// string. Safe on any thread ("Threading Programming Guide").
 @interface NSDistributedNotificationCenter : NSNotificationCenter
 
 + (NSDistributedNotificationCenter*)defaultCenter;
@@ -480,7 +482,9 @@ FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(1
 // The loop keeps the timer until it is invalidated.
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode;
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limitDate;
-- (void)performBlock:(void (^)(void))block API_AVAILABLE(macos(10.12));
+// Safe on any thread; the block runs on the loop's own, and is copied.
+- (void)performInModes:(NSArray<NSRunLoopMode>*)modes
+                 block:(NS_SWIFT_SENDABLE void (^)(void))block API_AVAILABLE(macos(10.12));
 
 @end
 
@@ -606,10 +610,11 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 
 @interface NSTimer : NSObject
 
-// Not scheduled. The block is kept until the timer is invalidated.
-+ (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval
-                          repeats:(BOOL)repeats
-                            block:(NS_SWIFT_SENDABLE void (^)(NSTimer* timer))block
+// In the default mode of the current run loop, which keeps it until it is invalidated. An interval
+// that is not positive is a tenth of a millisecond.
++ (NSTimer*)scheduledTimerWithTimeInterval:(NSTimeInterval)interval
+                                   repeats:(BOOL)repeats
+                                     block:(NS_SWIFT_SENDABLE void (^)(NSTimer* timer))block
     API_AVAILABLE(macos(10.12));
 @property NSTimeInterval tolerance API_AVAILABLE(macos(10.9));
 // Must be sent on the thread whose run loop has the timer.
