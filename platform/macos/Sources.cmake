@@ -20,6 +20,7 @@ set(talmo_macos_sources
   input/MacTapEvent.mm
   interface/Events.mm
   interface/LetGo.mm
+  interface/MacApplication.mm
   interface/MacEventMonitors.mm
   interface/MacPanel.mm
   interface/MacPanels.mm
