@@ -1,11 +1,23 @@
 # The sources of the macOS backend, from this folder. They are built on a Mac, and read by
 # `macos-check` everywhere.
 set(talmo_macos_sources
+  AppDelegate.mm
+  applications/MacAppleEvents.mm
+  applications/MacScriptingObject.mm
+  applications/MacWorkspace.mm
   audio/MacAudioObjects.mm
   dispatch/MacDispatch.mm
   dispatch/MacQueue.mm
   dispatch/MacSemaphore.mm
   dispatch/MacTimer.mm
+  images/Pixels.mm
+  input/MacAccessibility.mm
+  input/MacEventTap.mm
+  input/MacEventTapPort.mm
+  input/MacKeyEvents.mm
+  input/MacRunLoop.mm
+  input/MacRunLoopSource.mm
+  input/MacTapEvent.mm
   log/MacLog.mm
   login/MacLoginItem.mm
   MacBundle.mm
@@ -21,11 +33,6 @@ set(talmo_macos_sources
   processes/MacOutputPipe.mm
   settings/MacUserDefaults.mm
   Text.mm
-)
-
-# What makes the program of it, in its bundle.
-set(talmo_macos_program_sources
-  AppDelegate.mm
 )
 
 # With Sparkle, and without: one of the two is built.
@@ -45,10 +52,14 @@ set(talmo_macos_helper_sources
 # What is linked of the system.
 set(talmo_macos_frameworks
   AppKit
+  ApplicationServices
   CoreAudio
   CoreFoundation
+  CoreGraphics
+  CoreServices
   Foundation
   ImageIO
+  ScriptingBridge
   ServiceManagement
 )
 

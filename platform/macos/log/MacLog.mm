@@ -27,7 +27,8 @@ void MacLog::write(LogLevel level, std::string_view subsystem, std::string_view 
   const os_log_t log = logOf(subsystem, category);
   const os_log_type_t logType = type(level);
   if (!os_log_type_enabled(log, logType)) return;
-  os_log_with_type(log, logType, "%{public}s", oneLine(message).c_str());
+  const std::string line = oneLine(message);
+  os_log_with_type(log, logType, "%{public}s", line.c_str());
 }
 
 os_log_t MacLog::logOf(std::string_view subsystem, std::string_view category) {

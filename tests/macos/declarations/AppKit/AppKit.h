@@ -9,6 +9,7 @@
 
 @class NSApplication;
 @class NSEvent;
+@class NSGraphicsContext;
 
 NS_ASSUME_NONNULL_BEGIN
 
@@ -38,6 +39,28 @@ APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull
 
 @end
 
+// --- NSEvent ----------------------------------------------------------------------------------
+
+typedef NS_ENUM(NSUInteger, NSEventType) {
+  NSEventTypeSystemDefined = 14,
+};
+// Documented in "NSEventSubtype": a short, as the property that gives it.
+typedef NS_ENUM(short, NSEventSubtype) {
+  NSEventSubtypeWindowExposed = 0,
+};
+
+@interface NSEvent : NSObject <NSCopying, NSCoding>
+
+@property(readonly) NSEventType type;
+// These two raise for an event that is none of the application's, AppKit's, the system's and the
+// periodic ones.
+@property(readonly) NSEventSubtype subtype;
+@property(readonly) NSInteger data1;
+// Retains the event; nil for what has no event of AppKit's.
++ (nullable NSEvent*)eventWithCGEvent:(CGEventRef)cgEvent API_AVAILABLE(macos(10.5));
+
+@end
+
 // --- NSHapticFeedback -------------------------------------------------------------------------
 
 typedef NS_ENUM(NSInteger, NSHapticFeedbackPattern) {
@@ -63,13 +86,71 @@ API_AVAILABLE(macos(10.11)) @interface NSHapticFeedbackManager : NSObject
 
 @end
 
+// --- NSImage ----------------------------------------------------------------------------------
+
+typedef NSString* NSImageHintKey NS_TYPED_ENUM;
+
+@interface NSImage : NSObject <NSCopying, NSCoding, NSSecureCoding>
+
+// Nil for what is no file of a picture.
+- (nullable instancetype)initWithData:(NSData*)data;
+// In points.
+@property NSSize size;
+// Not the caller's; lives as long as the autorelease pool. The frame is changed to what the picture
+// was made for; null stands for the image's own size.
+- (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedDestRect
+                                      context:(nullable NSGraphicsContext*)referenceContext
+                                        hints:(nullable NSDictionary<NSImageHintKey, id>*)hints
+    CF_RETURNS_NOT_RETAINED API_AVAILABLE(macos(10.6));
+
+@end
+
 // --- NSRunningApplication ---------------------------------------------------------------------
 
 // Safe on any thread; its properties change only with the main run loop ("NSRunningApplication").
 API_AVAILABLE(macos(10.6)) @interface NSRunningApplication : NSObject
 
+// In no order that is documented; empty for none.
++ (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:
+    (NSString*)bundleIdentifier;
 + (nullable instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid;
 @property(readonly, copy, nullable) NSString* bundleIdentifier;
+// Nil for what was not launched by Launch Services.
+@property(readonly, copy, nullable) NSDate* launchDate;
+@property(readonly, copy, nullable) NSString* localizedName;
+// -1 once it has ended, for what has no process.
+@property(readonly) pid_t processIdentifier;
+
+@end
+
+// --- NSWorkspace ------------------------------------------------------------------------------
+
+API_AVAILABLE(macos(10.15)) @interface NSWorkspaceOpenConfiguration : NSObject<NSCopying>
+
++ (instancetype)configuration;
+@property BOOL createsNewApplicationInstance;
+
+@end
+
+@interface NSWorkspace : NSObject
+
+@property(class, readonly, strong) NSWorkspace* sharedWorkspace;
+@property(nullable, readonly, strong)
+    NSRunningApplication* frontmostApplication API_AVAILABLE(macos(10.7));
+- (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier
+    API_AVAILABLE(macos(10.6));
+// NO when nothing opens it. Any thread.
+- (BOOL)openURL:(NSURL*)url;
+// The handler is called once, on a concurrent queue of the system's; its application is nil when
+// the error is not.
+- (void)openApplicationAtURL:(NSURL*)applicationURL
+               configuration:(NSWorkspaceOpenConfiguration*)configuration
+           completionHandler:(nullable void (^)(NSRunningApplication* _Nullable app,
+                                                NSError* _Nullable error))completionHandler
+    API_AVAILABLE(macos(10.15));
+// Never nil: what is not there has the icon of a document. 32 points wide, with larger
+// representations.
+- (NSImage*)iconForFile:(NSString*)fullPath;
 
 @end
 

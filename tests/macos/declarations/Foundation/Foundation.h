@@ -5,6 +5,7 @@
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/CoreServices.h>
 #include <dispatch/dispatch.h>
 #include <objc/NSObject.h>
 #include <sys/types.h>
@@ -47,6 +48,9 @@ typedef NSString* NSErrorDomain NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSErrorUserInfoKey NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSNotificationName NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSRunLoopMode NS_TYPED_EXTENSIBLE_ENUM;
+
+// Nil only for no name; a selector is made of any other.
+FOUNDATION_EXPORT SEL NSSelectorFromString(NSString* aSelectorName);
 
 // Documented in "Foundation Constants": the largest NSInteger.
 static const NSInteger NSNotFound = NSIntegerMax;
@@ -111,6 +115,23 @@ NS_INLINE CF_RETURNS_RETAINED CFTypeRef _Nullable CFBridgingRetain(id _Nullable 
 
 // Nil when no image that is loaded has a class of that name.
 FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
+
+// --- NSAppleEventDescriptor -------------------------------------------------------------------
+
+@interface NSAppleEventDescriptor : NSObject <NSCopying, NSSecureCoding>
+
++ (NSAppleEventDescriptor*)descriptorWithBundleIdentifier:(NSString*)bundleIdentifier
+    API_AVAILABLE(macos(10.11));
+// The descriptor's own; lives as long as it does.
+@property(nullable, readonly) const AEDesc* aeDesc NS_RETURNS_INNER_POINTER;
+@property(readonly) DescType descriptorType;
+@property(readonly, copy) NSData* data;
+// Each coerces, and is zero or nil for what cannot be.
+@property(readonly) OSType enumCodeValue;
+@property(readonly) OSType typeCodeValue;
+@property(nullable, readonly, copy) NSString* stringValue;
+
+@end
 
 // --- NSArray ----------------------------------------------------------------------------------
 
@@ -241,6 +262,11 @@ FOUNDATION_EXPORT NSErrorUserInfoKey const NSLocalizedDescriptionKey;
 
 @end
 
+// Documented in <Foundation/FoundationErrors.h>.
+enum : NSInteger {
+  NSFileNoSuchFileError = 4,
+};
+
 // --- NSException ------------------------------------------------------------------------------
 
 typedef NSString* NSExceptionName NS_TYPED_EXTENSIBLE_ENUM;
@@ -297,6 +323,19 @@ typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
 
 @end
 
+// --- NSInvocation -----------------------------------------------------------------------------
+
+@interface NSInvocation : NSObject
+
++ (NSInvocation*)invocationWithMethodSignature:(NSMethodSignature*)sig;
+@property(readonly, retain) NSMethodSignature* methodSignature;
+@property SEL selector;
+// Copies as many bytes as the result is long; an object among them is not retained.
+- (void)getReturnValue:(void*)retLoc;
+- (void)invokeWithTarget:(id)target;
+
+@end
+
 // --- NSMetadataItem ---------------------------------------------------------------------------
 
 FOUNDATION_EXPORT NSString* const NSMetadataItemLastUsedDateKey API_AVAILABLE(macos(10.9));
@@ -307,6 +346,17 @@ API_AVAILABLE(macos(10.4)) @interface NSMetadataItem : NSObject
 - (nullable instancetype)initWithURL:(NSURL*)url NS_DESIGNATED_INITIALIZER
     API_AVAILABLE(macos(10.9));
 - (nullable id)valueForAttribute:(NSString*)key;
+
+@end
+
+// --- NSMethodSignature ------------------------------------------------------------------------
+
+@interface NSMethodSignature : NSObject
+
+// With the receiver and the selector.
+@property(readonly) NSUInteger numberOfArguments;
+@property(readonly) const char* methodReturnType NS_RETURNS_INNER_POINTER;
+@property(readonly) NSUInteger methodReturnLength;
 
 @end
 
@@ -658,6 +708,8 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 @property(nullable, readonly, copy) NSString* host;
 @property(nullable, readonly, copy) NSString* path;
 @property(readonly, getter=isFileURL) BOOL fileURL;
+// File URLs only; looks at the file system.
+- (BOOL)checkResourceIsReachableAndReturnError:(NSError**)error API_AVAILABLE(macos(10.6));
 - (nullable NSURL*)URLByAppendingPathComponent:(NSString*)pathComponent API_AVAILABLE(macos(10.6));
 
 @end
