@@ -10,6 +10,7 @@ set(talmo_macos_sources
   dispatch/MacQueue.mm
   dispatch/MacSemaphore.mm
   dispatch/MacTimer.mm
+  images/MacImageDecoder.mm
   images/Pixels.mm
   input/MacAccessibility.mm
   input/MacEventTap.mm
