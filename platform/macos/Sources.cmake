@@ -1,10 +1,22 @@
 # The sources of the macOS backend, from this folder. They are built on a Mac, and read by
 # `macos-check` everywhere.
 set(talmo_macos_sources
+  AppDelegate.mm
+  applications/MacAppleEvents.mm
+  applications/MacScriptingObject.mm
+  applications/MacWorkspace.mm
   dispatch/MacDispatch.mm
   dispatch/MacQueue.mm
   dispatch/MacSemaphore.mm
   dispatch/MacTimer.mm
+  images/Pixels.mm
+  input/MacAccessibility.mm
+  input/MacEventTap.mm
+  input/MacEventTapPort.mm
+  input/MacKeyEvents.mm
+  input/MacRunLoop.mm
+  input/MacRunLoopSource.mm
+  input/MacTapEvent.mm
   interface/Events.mm
   interface/LetGo.mm
   interface/MacEventMonitors.mm
@@ -36,21 +48,34 @@ set(talmo_macos_sources
   interface/view/TLMSymbolPart.mm
   interface/view/TLMTextPart.mm
   interface/view/TLMTogglePart.mm
+  log/MacLog.mm
+  MacBundle.mm
+  notifications/MacNotifications.mm
+  notifications/TLMObserver.mm
+  settings/MacUserDefaults.mm
   Text.mm
 )
 
 # What is linked of the system.
 set(talmo_macos_frameworks
   AppKit
+  ApplicationServices
   CoreFoundation
   CoreGraphics
+  CoreServices
   Foundation
   QuartzCore
+  ScriptingBridge
 )
 
 # Translations that need nothing of the system, and are tested on every system.
 set(talmo_macos_translation_sources
+  applications/DescriptorContent.cpp
+  applications/LaunchedInstance.cpp
+  applications/ScriptingReturn.cpp
+  applications/UnixDate.cpp
   dispatch/QosClass.cpp
+  images/PremultipliedPixels.cpp
   interface/EventTranslation.cpp
   interface/view/EqualizerBar.cpp
   interface/view/KeptParts.cpp
@@ -59,4 +84,5 @@ set(talmo_macos_translation_sources
   interface/view/StackLook.cpp
   interface/view/SymbolLook.cpp
   interface/view/TextLook.cpp
+  log/LogLine.cpp
 )

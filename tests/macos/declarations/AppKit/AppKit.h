@@ -8,12 +8,14 @@
 
 #define APPKIT_EXTERN extern "C"
 
+@class NSApplication;
 @class NSCell;
 @class NSClipView;
 @class NSColor;
 @class NSCursor;
 @class NSEvent;
 @class NSFont;
+@class NSGraphicsContext;
 @class NSImage;
 @class NSImageSymbolConfiguration;
 @class NSLayoutDimension;
@@ -91,6 +93,32 @@ APPKIT_EXTERN void NSAccessibilityPostNotification(id element,
 
 @end
 
+// --- NSApplication ----------------------------------------------------------------------------
+
+APPKIT_EXTERN NSApplication* _Null_unspecified NSApp;
+
+// Sets up the application and runs it; does not return: the end of the application is exit(0).
+APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull]);
+
+@protocol NSApplicationDelegate <NSObject>
+@optional
+- (void)applicationDidFinishLaunching:(NSNotification*)notification;
+@end
+
+@interface NSApplication : NSObject
+
+// Makes the application on first use, and sets NSApp.
+@property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property(nullable, weak) id<NSApplicationDelegate> delegate;
+- (void)activate API_AVAILABLE(macos(14.0));
+// Does not return, unless the delegate says no.
+- (void)terminate:(nullable id)sender;
+- (void)orderFrontStandardAboutPanel:(nullable id)sender;
+// The last that was taken from the queue; nil before the first.
+@property(nullable, readonly, strong) NSEvent* currentEvent;
+
+@end
+
 // --- NSBezierPath -----------------------------------------------------------------------------
 
 @interface NSBezierPath : NSObject <NSCopying, NSSecureCoding>
@@ -158,6 +186,11 @@ typedef NS_ENUM(NSUInteger, NSEventType) {
   NSEventTypeRightMouseDown = 3,
   NSEventTypeRightMouseUp = 4,
   NSEventTypeKeyDown = 10,
+  NSEventTypeSystemDefined = 14,
+};
+// Documented in "NSEventSubtype": a short, as the property that gives it.
+typedef NS_ENUM(short, NSEventSubtype) {
+  NSEventSubtypeWindowExposed = 0,
 };
 // Always 64 bits wide, as it has a bit for each type.
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
@@ -170,6 +203,12 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 @interface NSEvent : NSObject <NSCopying, NSCoding>
 
 @property(readonly) NSEventType type;
+// These two raise for an event that is none of the application's, AppKit's, the system's and the
+// periodic ones.
+@property(readonly) NSEventSubtype subtype;
+@property(readonly) NSInteger data1;
+// Retains the event; nil for what has no event of AppKit's.
++ (nullable NSEvent*)eventWithCGEvent:(CGEventRef)cgEvent API_AVAILABLE(macos(10.5));
 @property(readonly) NSEventModifierFlags modifierFlags;
 // Nil for an event of another process.
 @property(nullable, readonly, assign) NSWindow* window;
@@ -209,16 +248,44 @@ APPKIT_EXTERN const NSFontWeight NSFontWeightBold API_AVAILABLE(macos(10.11));
 
 @end
 
+// --- NSHapticFeedback -------------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSHapticFeedbackPattern) {
+  NSHapticFeedbackPatternGeneric = 0,
+  NSHapticFeedbackPatternAlignment = 1,
+  NSHapticFeedbackPatternLevelChange = 2,
+} API_AVAILABLE(macos(10.11));
+
+typedef NS_ENUM(NSUInteger, NSHapticFeedbackPerformanceTime) {
+  NSHapticFeedbackPerformanceTimeDefault = 0,
+  NSHapticFeedbackPerformanceTimeNow = 1,
+  NSHapticFeedbackPerformanceTimeDrawCompleted = 2,
+} API_AVAILABLE(macos(10.11));
+
+API_AVAILABLE(macos(10.11)) @protocol NSHapticFeedbackPerformer<NSObject>
+- (void)performFeedbackPattern:(NSHapticFeedbackPattern)pattern
+               performanceTime:(NSHapticFeedbackPerformanceTime)performanceTime;
+@end
+
+API_AVAILABLE(macos(10.11)) @interface NSHapticFeedbackManager : NSObject
+
+@property(class, readonly, strong) id<NSHapticFeedbackPerformer> defaultPerformer;
+
+@end
+
 // --- NSImage ----------------------------------------------------------------------------------
 
+typedef NSString* NSImageHintKey NS_TYPED_ENUM;
 typedef NSString* NSImageName NS_TYPED_EXTENSIBLE_ENUM;
 typedef NS_ENUM(NSInteger, NSImageResizingMode) {
   NSImageResizingModeTile = 0,
   NSImageResizingModeStretch = 1,
 };
 
-@interface NSImage : NSObject <NSCopying, NSSecureCoding>
+@interface NSImage : NSObject <NSCopying, NSCoding, NSSecureCoding>
 
+// Nil for what is no file of a picture.
+- (nullable instancetype)initWithData:(NSData*)data;
 // Nil where there is none; shared by all who ask for the same name.
 + (nullable __kindof NSImage*)imageNamed:(NSImageName)name;
 + (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
@@ -228,7 +295,14 @@ typedef NS_ENUM(NSInteger, NSImageResizingMode) {
 + (NSImage*)imageWithSize:(NSSize)size
                   flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext
            drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler API_AVAILABLE(macos(10.8));
+// In points.
 @property NSSize size;
+// Not the caller's; lives as long as the autorelease pool. The frame is changed to what the picture
+// was made for; null stands for the image's own size.
+- (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedDestRect
+                                      context:(nullable NSGraphicsContext*)referenceContext
+                                        hints:(nullable NSDictionary<NSImageHintKey, id>*)hints
+    CF_RETURNS_NOT_RETAINED API_AVAILABLE(macos(10.6));
 // A property named `template`, which is a keyword here.
 - (BOOL)isTemplate API_AVAILABLE(macos(10.5));
 - (void)setTemplate:(BOOL)isTemplate API_AVAILABLE(macos(10.5));
@@ -367,8 +441,16 @@ API_AVAILABLE(macos(10.7)) @interface NSLayoutConstraint : NSObject
 // Safe on any thread; its properties change only with the main run loop ("NSRunningApplication").
 API_AVAILABLE(macos(10.6)) @interface NSRunningApplication : NSObject
 
+// In no order that is documented; empty for none.
++ (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:
+    (NSString*)bundleIdentifier;
 + (nullable instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid;
 @property(readonly, copy, nullable) NSString* bundleIdentifier;
+// Nil for what was not launched by Launch Services.
+@property(readonly, copy, nullable) NSDate* launchDate;
+@property(readonly, copy, nullable) NSString* localizedName;
+// -1 once it has ended, for what has no process.
+@property(readonly) pid_t processIdentifier;
 
 @end
 
@@ -746,11 +828,34 @@ APPKIT_EXTERN NSNotificationName NSWindowDidChangeOcclusionStateNotification
 APPKIT_EXTERN NSNotificationName const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
     API_AVAILABLE(macos(10.10));
 
+API_AVAILABLE(macos(10.15)) @interface NSWorkspaceOpenConfiguration : NSObject<NSCopying>
+
++ (instancetype)configuration;
+@property BOOL createsNewApplicationInstance;
+
+@end
+
 @interface NSWorkspace : NSObject
 
 @property(class, readonly, strong) NSWorkspace* sharedWorkspace;
 @property(readonly, strong) NSNotificationCenter* notificationCenter;
 @property(readonly) BOOL accessibilityDisplayShouldReduceMotion API_AVAILABLE(macos(10.12));
+@property(nullable, readonly, strong)
+    NSRunningApplication* frontmostApplication API_AVAILABLE(macos(10.7));
+- (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier
+    API_AVAILABLE(macos(10.6));
+// NO when nothing opens it. Any thread.
+- (BOOL)openURL:(NSURL*)url;
+// The handler is called once, on a concurrent queue of the system's; its application is nil when
+// the error is not.
+- (void)openApplicationAtURL:(NSURL*)applicationURL
+               configuration:(NSWorkspaceOpenConfiguration*)configuration
+           completionHandler:(nullable void (^)(NSRunningApplication* _Nullable app,
+                                                NSError* _Nullable error))completionHandler
+    API_AVAILABLE(macos(10.15));
+// Never nil: what is not there has the icon of a document. 32 points wide, with larger
+// representations.
+- (NSImage*)iconForFile:(NSString*)fullPath;
 
 @end
 

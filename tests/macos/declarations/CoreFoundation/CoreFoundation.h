@@ -81,6 +81,29 @@ typedef CF_ENUM(SInt32, CFRunLoopRunResult) {
   kCFRunLoopRunHandledSource = 4,
 };
 
+// Documented in "CFRunLoopSourceContext", of version 0; what is null is not called.
+typedef struct {
+  CFIndex version;
+  void* _Null_unspecified info;
+  const void* _Null_unspecified (*_Null_unspecified retain)(const void* _Null_unspecified info);
+  void (*_Null_unspecified release)(const void* _Null_unspecified info);
+  CFStringRef _Null_unspecified (*_Null_unspecified copyDescription)(
+      const void* _Null_unspecified info);
+  Boolean (*_Null_unspecified equal)(const void* _Null_unspecified info1,
+                                     const void* _Null_unspecified info2);
+  CFHashCode (*_Null_unspecified hash)(const void* _Null_unspecified info);
+  void (*_Null_unspecified schedule)(void* _Null_unspecified info,
+                                     CFRunLoopRef _Null_unspecified rl,
+                                     CFRunLoopMode _Null_unspecified mode);
+  void (*_Null_unspecified cancel)(void* _Null_unspecified info, CFRunLoopRef _Null_unspecified rl,
+                                   CFRunLoopMode _Null_unspecified mode);
+  void (*_Null_unspecified perform)(void* _Null_unspecified info);
+} CFRunLoopSourceContext;
+
+// A constant string of the compiler's; never released.
+#define CFSTR(cStr) \
+  (reinterpret_cast<CFStringRef>(__builtin___CFStringMakeConstantString("" cStr "")))
+
 // Documented in "Core Graphics", CGFloat: a double on every Mac of today.
 typedef double CGFloat;
 struct CGPoint {
@@ -132,6 +155,10 @@ CF_EXPORT void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source,
 // The mode is any object of the type, therefore a CFTypeRef.
 CF_EXPORT void CFRunLoopPerformBlock(CFRunLoopRef rl, CFTypeRef mode, void (^block)(void))
     API_AVAILABLE(macos(10.6));
+
+// The context is copied.
+CF_EXPORT CFRunLoopSourceRef CFRunLoopSourceCreate(CFAllocatorRef _Nullable allocator,
+                                                   CFIndex order, CFRunLoopSourceContext* context);
 
 // --- CFMachPort -------------------------------------------------------------------------------
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/CoreServices.h>
 #include <dispatch/dispatch.h>
 #include <objc/NSObject.h>
 #include <sys/types.h>
@@ -54,6 +55,9 @@ typedef NSString* NSErrorDomain NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSErrorUserInfoKey NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSNotificationName NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSRunLoopMode NS_TYPED_EXTENSIBLE_ENUM;
+
+// Nil only for no name; a selector is made of any other.
+FOUNDATION_EXPORT SEL NSSelectorFromString(NSString* aSelectorName);
 
 // Documented in "Foundation Constants": the largest NSInteger.
 static const NSInteger NSNotFound = NSIntegerMax;
@@ -134,6 +138,23 @@ NS_INLINE id _Nullable CFBridgingRelease(CFTypeRef CF_CONSUMED _Nullable X) {
 NS_INLINE CF_RETURNS_RETAINED CFTypeRef _Nullable CFBridgingRetain(id _Nullable X) {
   return (__bridge_retained CFTypeRef)X;
 }
+
+// --- NSAppleEventDescriptor -------------------------------------------------------------------
+
+@interface NSAppleEventDescriptor : NSObject <NSCopying, NSSecureCoding>
+
++ (NSAppleEventDescriptor*)descriptorWithBundleIdentifier:(NSString*)bundleIdentifier
+    API_AVAILABLE(macos(10.11));
+// The descriptor's own; lives as long as it does.
+@property(nullable, readonly) const AEDesc* aeDesc NS_RETURNS_INNER_POINTER;
+@property(readonly) DescType descriptorType;
+@property(readonly, copy) NSData* data;
+// Each coerces, and is zero or nil for what cannot be.
+@property(readonly) OSType enumCodeValue;
+@property(readonly) OSType typeCodeValue;
+@property(nullable, readonly, copy) NSString* stringValue;
+
+@end
 
 // --- NSArray ----------------------------------------------------------------------------------
 
@@ -264,6 +285,11 @@ FOUNDATION_EXPORT NSErrorUserInfoKey const NSLocalizedDescriptionKey;
 
 @end
 
+// Documented in <Foundation/FoundationErrors.h>.
+enum : NSInteger {
+  NSFileNoSuchFileError = 4,
+};
+
 // --- NSException ------------------------------------------------------------------------------
 
 typedef NSString* NSExceptionName NS_TYPED_EXTENSIBLE_ENUM;
@@ -320,6 +346,19 @@ typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
 
 @end
 
+// --- NSInvocation -----------------------------------------------------------------------------
+
+@interface NSInvocation : NSObject
+
++ (NSInvocation*)invocationWithMethodSignature:(NSMethodSignature*)sig;
+@property(readonly, retain) NSMethodSignature* methodSignature;
+@property SEL selector;
+// Copies as many bytes as the result is long; an object among them is not retained.
+- (void)getReturnValue:(void*)retLoc;
+- (void)invokeWithTarget:(id)target;
+
+@end
+
 // --- NSMetadataItem ---------------------------------------------------------------------------
 
 FOUNDATION_EXPORT NSString* const NSMetadataItemLastUsedDateKey API_AVAILABLE(macos(10.9));
@@ -330,6 +369,17 @@ API_AVAILABLE(macos(10.4)) @interface NSMetadataItem : NSObject
 - (nullable instancetype)initWithURL:(NSURL*)url NS_DESIGNATED_INITIALIZER
     API_AVAILABLE(macos(10.9));
 - (nullable id)valueForAttribute:(NSString*)key;
+
+@end
+
+// --- NSMethodSignature ------------------------------------------------------------------------
+
+@interface NSMethodSignature : NSObject
+
+// With the receiver and the selector.
+@property(readonly) NSUInteger numberOfArguments;
+@property(readonly) const char* methodReturnType NS_RETURNS_INNER_POINTER;
+@property(readonly) NSUInteger methodReturnLength;
 
 @end
 
@@ -380,7 +430,9 @@ typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
   NSNotificationSuspensionBehaviorDeliverImmediately = 4,
 };
 
-// Delivers on the main thread, in the default mode of its run loop. The object is a string.
+// Delivers on the main thread, in the common modes of its run loop; while the application is not
+// active it holds back what is not to be delivered immediately ("suspended"). The object is a
+// string. Safe on any thread ("Threading Programming Guide").
 @interface NSDistributedNotificationCenter : NSNotificationCenter
 
 + (NSDistributedNotificationCenter*)defaultCenter;
@@ -506,7 +558,9 @@ FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(1
 // The loop keeps the timer until it is invalidated.
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode;
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limitDate;
-- (void)performBlock:(void (^)(void))block API_AVAILABLE(macos(10.12));
+// Safe on any thread; the block runs on the loop's own, and is copied.
+- (void)performInModes:(NSArray<NSRunLoopMode>*)modes
+                 block:(NS_SWIFT_SENDABLE void (^)(void))block API_AVAILABLE(macos(10.12));
 
 @end
 
@@ -659,6 +713,8 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 @property(nullable, readonly, copy) NSString* host;
 @property(nullable, readonly, copy) NSString* path;
 @property(readonly, getter=isFileURL) BOOL fileURL;
+// File URLs only; looks at the file system.
+- (BOOL)checkResourceIsReachableAndReturnError:(NSError**)error API_AVAILABLE(macos(10.6));
 - (nullable NSURL*)URLByAppendingPathComponent:(NSString*)pathComponent API_AVAILABLE(macos(10.6));
 
 @end

@@ -26,17 +26,13 @@ typedef enum : unsigned int {
 NS_ASSUME_NONNULL_BEGIN
 
 OS_OBJECT_DECL(dispatch_object);
-OS_OBJECT_DECL(dispatch_queue);
-OS_OBJECT_DECL(dispatch_queue_attr);
-OS_OBJECT_DECL(dispatch_group);
-OS_OBJECT_DECL(dispatch_semaphore);
-OS_OBJECT_DECL(dispatch_source);
-OS_OBJECT_DECL(dispatch_data);
-
-// On a Mac these three are subclasses of the queue's; as parameters they are queues.
-typedef dispatch_queue_t dispatch_queue_global_t;
-typedef dispatch_queue_t dispatch_queue_main_t;
-typedef dispatch_queue_t dispatch_queue_serial_t;
+OS_OBJECT_DECL_SUBCLASS(dispatch_group, OS_dispatch_object);
+OS_OBJECT_DECL_SUBCLASS(dispatch_queue, OS_dispatch_object);
+OS_OBJECT_DECL_SUBCLASS(dispatch_queue_attr, OS_dispatch_object);
+OS_OBJECT_DECL_SUBCLASS(dispatch_queue_global, OS_dispatch_queue);
+OS_OBJECT_DECL_SUBCLASS(dispatch_queue_main, OS_dispatch_queue);
+OS_OBJECT_DECL_SUBCLASS(dispatch_semaphore, OS_dispatch_object);
+OS_OBJECT_DECL_SUBCLASS(dispatch_source, OS_dispatch_object);
 
 // Copied by every function that keeps it.
 typedef void (^dispatch_block_t)(void);
@@ -110,11 +106,7 @@ OS_EXPORT void dispatch_assert_queue(dispatch_queue_t queue) API_AVAILABLE(macos
 
 // --- Objects ----------------------------------------------------------------------------------
 
-// These take any dispatch object: a transparent union in C, a template's worth of casts in C++,
-// the common protocol in Objective-C++, where `dispatch_object_t` is no declared conversion.
-OS_EXPORT void dispatch_resume(NSObject* object) API_AVAILABLE(macos(10.6));
-OS_EXPORT void dispatch_suspend(NSObject* object) API_AVAILABLE(macos(10.6));
-OS_EXPORT void dispatch_activate(NSObject* object) API_AVAILABLE(macos(10.12));
+OS_EXPORT void dispatch_resume(dispatch_object_t object) API_AVAILABLE(macos(10.6));
 
 // --- Groups -----------------------------------------------------------------------------------
 

@@ -56,6 +56,8 @@ __attribute__((objc_root_class))
 - (void)dealloc;
 - (id)copy;
 - (id)mutableCopy;
+// Raises nothing, and is nil for a selector that the object does not respond to.
+- (NSMethodSignature*)methodSignatureForSelector:(SEL)aSelector;
 + (BOOL)instancesRespondToSelector:(SEL)aSelector;
 + (Class)superclass;
 + (Class)class;

@@ -19,7 +19,7 @@ typedef enum : uint8_t {
   OS_LOG_TYPE_FAULT = 0x11,
 } os_log_type_t;
 
-// The same object for the same two names; never released by the system.
+// To be called once for each pair of names. Never null.
 OS_EXPORT os_log_t os_log_create(const char* subsystem,
                                  const char* category) OS_OBJECT_RETURNS_RETAINED
     API_AVAILABLE(macos(10.12));

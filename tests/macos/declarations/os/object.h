@@ -5,10 +5,13 @@
 #include <objc/NSObject.h>
 #include <os/availability.h>
 
-#define OS_OBJECT_DECL(name) \
-  @protocol OS_              \
-  ##name<NSObject> @end      \
+// clang-format off
+#define OS_OBJECT_DECL_SUBCLASS(name, super) \
+  @protocol OS_##name <super>                \
+  @end                                       \
   typedef NSObject<OS_##name>* name##_t
+// clang-format on
+#define OS_OBJECT_DECL(name) OS_OBJECT_DECL_SUBCLASS(name, NSObject)
 
 #define OS_OBJECT_RETURNS_RETAINED __attribute__((ns_returns_retained))
 #define OS_EXPORT extern "C"
