@@ -93,32 +93,6 @@ APPKIT_EXTERN void NSAccessibilityPostNotification(id element,
 
 @end
 
-// --- NSApplication ----------------------------------------------------------------------------
-
-APPKIT_EXTERN NSApplication* _Null_unspecified NSApp;
-
-// Sets up the application and runs it; does not return: the end of the application is exit(0).
-APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull]);
-
-@protocol NSApplicationDelegate <NSObject>
-@optional
-- (void)applicationDidFinishLaunching:(NSNotification*)notification;
-@end
-
-@interface NSApplication : NSObject
-
-// Makes the application on first use, and sets NSApp.
-@property(class, readonly, strong) __kindof NSApplication* sharedApplication;
-@property(nullable, weak) id<NSApplicationDelegate> delegate;
-- (void)activate API_AVAILABLE(macos(14.0));
-// Does not return, unless the delegate says no.
-- (void)terminate:(nullable id)sender;
-- (void)orderFrontStandardAboutPanel:(nullable id)sender;
-// The last that was taken from the queue; nil before the first.
-@property(nullable, readonly, strong) NSEvent* currentEvent;
-
-@end
-
 // --- NSBezierPath -----------------------------------------------------------------------------
 
 @interface NSBezierPath : NSObject <NSCopying, NSSecureCoding>
@@ -203,12 +177,6 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 @interface NSEvent : NSObject <NSCopying, NSCoding>
 
 @property(readonly) NSEventType type;
-// These two raise for an event that is none of the application's, AppKit's, the system's and the
-// periodic ones.
-@property(readonly) NSEventSubtype subtype;
-@property(readonly) NSInteger data1;
-// Retains the event; nil for what has no event of AppKit's.
-+ (nullable NSEvent*)eventWithCGEvent:(CGEventRef)cgEvent API_AVAILABLE(macos(10.5));
 @property(readonly) NSEventModifierFlags modifierFlags;
 // Nil for an event of another process.
 @property(nullable, readonly, assign) NSWindow* window;
@@ -218,6 +186,12 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 // Both raise for what is no key event.
 @property(getter=isARepeat, readonly) BOOL ARepeat;
 @property(readonly) unsigned short keyCode;
+// These two raise for an event that is none of the application's, AppKit's, the system's and the
+// periodic ones.
+@property(readonly) NSEventSubtype subtype;
+@property(readonly) NSInteger data1;
+// Retains the event; nil for what has no event of AppKit's.
++ (nullable NSEvent*)eventWithCGEvent:(CGEventRef)cgEvent API_AVAILABLE(macos(10.5));
 // Nil when the monitor cannot be made. The handler is copied, and kept until its monitor is
 // removed; it is called on the main thread. A global one sees keys only in a trusted process.
 + (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
@@ -284,8 +258,6 @@ typedef NS_ENUM(NSInteger, NSImageResizingMode) {
 
 @interface NSImage : NSObject <NSCopying, NSCoding, NSSecureCoding>
 
-// Nil for what is no file of a picture.
-- (nullable instancetype)initWithData:(NSData*)data;
 // Nil where there is none; shared by all who ask for the same name.
 + (nullable __kindof NSImage*)imageNamed:(NSImageName)name;
 + (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
@@ -295,20 +267,22 @@ typedef NS_ENUM(NSInteger, NSImageResizingMode) {
 + (NSImage*)imageWithSize:(NSSize)size
                   flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext
            drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler API_AVAILABLE(macos(10.8));
+// Nil for what is no file of a picture.
+- (nullable instancetype)initWithData:(NSData*)data;
 // In points.
 @property NSSize size;
-// Not the caller's; lives as long as the autorelease pool. The frame is changed to what the picture
-// was made for; null stands for the image's own size.
-- (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedDestRect
-                                      context:(nullable NSGraphicsContext*)referenceContext
-                                        hints:(nullable NSDictionary<NSImageHintKey, id>*)hints
-    CF_RETURNS_NOT_RETAINED API_AVAILABLE(macos(10.6));
 // A property named `template`, which is a keyword here.
 - (BOOL)isTemplate API_AVAILABLE(macos(10.5));
 - (void)setTemplate:(BOOL)isTemplate API_AVAILABLE(macos(10.5));
 @property(nullable, copy) NSString* accessibilityDescription API_AVAILABLE(macos(10.6));
 @property NSEdgeInsets capInsets API_AVAILABLE(macos(10.10));
 @property NSImageResizingMode resizingMode API_AVAILABLE(macos(10.10));
+// Not the caller's; lives as long as the autorelease pool. The frame is changed to what the picture
+// was made for; null stands for the image's own size.
+- (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedDestRect
+                                      context:(nullable NSGraphicsContext*)referenceContext
+                                        hints:(nullable NSDictionary<NSImageHintKey, id>*)hints
+    CF_RETURNS_NOT_RETAINED API_AVAILABLE(macos(10.6));
 
 @end
 
@@ -434,6 +408,32 @@ API_AVAILABLE(macos(10.7)) @interface NSLayoutConstraint : NSObject
 @end
 
 @interface NSResponder (NSStandardKeyBindingMethods) <NSStandardKeyBindingResponding>
+@end
+
+// --- NSApplication ----------------------------------------------------------------------------
+
+APPKIT_EXTERN __kindof NSApplication* _Null_unspecified NSApp;
+
+// Sets up the application and runs it; does not return: the end of the application is exit(0).
+APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull]);
+
+@protocol NSApplicationDelegate <NSObject>
+@optional
+- (void)applicationDidFinishLaunching:(NSNotification*)notification;
+@end
+
+@interface NSApplication : NSResponder
+
+// Makes the application on first use, and sets NSApp.
+@property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property(nullable, weak) id<NSApplicationDelegate> delegate;
+- (void)activate API_AVAILABLE(macos(14.0));
+// Does not return, unless the delegate says no.
+- (void)terminate:(nullable id)sender;
+- (void)orderFrontStandardAboutPanel:(nullable id)sender;
+// The last that was taken from the queue; nil before the first.
+@property(nullable, readonly, strong) NSEvent* currentEvent;
+
 @end
 
 // --- NSRunningApplication ---------------------------------------------------------------------

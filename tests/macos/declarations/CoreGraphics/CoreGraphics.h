@@ -43,6 +43,7 @@ typedef CF_ENUM(uint32_t, CGImageAlphaInfo) {
 };
 // Documented in "CGBitmapInfo": options, of which the lowest bits are a CGImageAlphaInfo.
 typedef CF_OPTIONS(uint32_t, CGBitmapInfo) {
+  kCGBitmapAlphaInfoMask = 0x1F,
   kCGBitmapByteOrderDefault = 0 << 12,
   kCGBitmapByteOrder32Little = 2 << 12,
   kCGBitmapByteOrder32Big = 4 << 12,
@@ -62,7 +63,7 @@ CG_EXTERN const CFStringRef kCGColorSpaceSRGB API_AVAILABLE(macos(10.5));
 
 CG_EXTERN CGColorSpaceRef _Nullable CGColorSpaceCreateWithName(CFStringRef _Nullable name)
     API_AVAILABLE(macos(10.2));
-// Null is allowed, here and for the other releases of Core Graphics.
+// Null is allowed, as in the other releases of Core Graphics.
 CG_EXTERN void CGColorSpaceRelease(CGColorSpaceRef _Nullable space) API_AVAILABLE(macos(10.0));
 
 // --- CGContext --------------------------------------------------------------------------------

@@ -139,6 +139,9 @@ NS_INLINE CF_RETURNS_RETAINED CFTypeRef _Nullable CFBridgingRetain(id _Nullable 
   return (__bridge_retained CFTypeRef)X;
 }
 
+// Nil when no image that is loaded has a class of that name.
+FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
+
 // --- NSAppleEventDescriptor -------------------------------------------------------------------
 
 @interface NSAppleEventDescriptor : NSObject <NSCopying, NSSecureCoding>
@@ -500,14 +503,30 @@ typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
 
 @end
 
+// --- NSOperation ------------------------------------------------------------------------------
+
+API_AVAILABLE(macos(10.5)) @interface NSOperation : NSObject
+@end
+
+API_AVAILABLE(macos(10.6)) @interface NSBlockOperation : NSOperation
+
++ (instancetype)blockOperationWithBlock:(void (^)(void))block;
+
+@end
+
 // --- NSOperationQueue -------------------------------------------------------------------------
 
+// Drains an autorelease pool of its own after each operation. Operations of one priority that are
+// ready when they are added begin in the order in which they were ("NSOperationQueue").
 API_AVAILABLE(macos(10.5)) @interface NSOperationQueue : NSObject
 
 @property(class, readonly, strong) NSOperationQueue* mainQueue API_AVAILABLE(macos(10.6));
 @property NSInteger maxConcurrentOperationCount;
 @property(nullable, copy) NSString* name API_AVAILABLE(macos(10.6));
 @property(nullable, assign) dispatch_queue_t underlyingQueue API_AVAILABLE(macos(10.10));
+- (void)addOperationWithBlock:(void (^)(void))block API_AVAILABLE(macos(10.6));
+- (void)addOperations:(NSArray<NSOperation*>*)ops
+    waitUntilFinished:(BOOL)wait API_AVAILABLE(macos(10.6));
 
 @end
 
@@ -708,6 +727,8 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 + (NSURL*)fileURLWithPath:(NSString*)path isDirectory:(BOOL)isDir API_AVAILABLE(macos(10.5));
 // Nil for what is no address. From macOS 14 on other characters are percent-encoded first.
 + (nullable instancetype)URLWithString:(NSString*)URLString;
++ (nullable instancetype)URLWithString:(NSString*)URLString
+             encodingInvalidCharacters:(BOOL)encodingInvalidCharacters API_AVAILABLE(macos(14.0));
 @property(nullable, readonly, copy) NSString* absoluteString;
 @property(nullable, readonly, copy) NSString* scheme;
 @property(nullable, readonly, copy) NSString* host;
@@ -716,6 +737,107 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 // File URLs only; looks at the file system.
 - (BOOL)checkResourceIsReachableAndReturnError:(NSError**)error API_AVAILABLE(macos(10.6));
 - (nullable NSURL*)URLByAppendingPathComponent:(NSString*)pathComponent API_AVAILABLE(macos(10.6));
+
+@end
+
+// --- NSURLRequest -----------------------------------------------------------------------------
+
+typedef NS_ENUM(NSUInteger, NSURLRequestCachePolicy) {
+  NSURLRequestUseProtocolCachePolicy = 0,
+  NSURLRequestReloadIgnoringLocalCacheData = 1,
+};
+
+@interface NSURLRequest : NSObject <NSSecureCoding, NSCopying, NSMutableCopying>
+
+@property(nullable, readonly, copy) NSURL* URL;
+
+@end
+
+// --- NSURLResponse ----------------------------------------------------------------------------
+
+@interface NSURLResponse : NSObject <NSSecureCoding, NSCopying>
+@end
+
+@interface NSHTTPURLResponse : NSURLResponse
+
+@property(readonly) NSInteger statusCode;
+
+@end
+
+// --- NSURLSession -----------------------------------------------------------------------------
+
+@class NSHTTPCookieStorage;
+@class NSURLCache;
+@class NSURLCredentialStorage;
+@class NSURLSession;
+
+// Sessions copy it: what is changed later counts for later sessions.
+API_AVAILABLE(macos(10.9)) @interface NSURLSessionConfiguration : NSObject<NSCopying>
+
+// A new object each time.
+@property(class, readonly, strong) NSURLSessionConfiguration* ephemeralSessionConfiguration;
+@property NSURLRequestCachePolicy requestCachePolicy;
+// Of a pause between two pieces.
+@property NSTimeInterval timeoutIntervalForRequest;
+// Of all from the resumption on; seven days unless it is set.
+@property NSTimeInterval timeoutIntervalForResource;
+@property(nullable, retain) NSHTTPCookieStorage* HTTPCookieStorage;
+@property(nullable, retain) NSURLCredentialStorage* URLCredentialStorage;
+@property(nullable, retain) NSURLCache* URLCache;
+
+@end
+
+API_AVAILABLE(macos(10.9)) @interface NSURLSessionTask : NSObject<NSCopying>
+
+// Unique within its session.
+@property(readonly) NSUInteger taskIdentifier;
+// Of the last answer, that of a redirect which was not followed included.
+@property(nullable, readonly, copy) NSURLResponse* response;
+// Returns at once; the end is told as with any other error.
+- (void)cancel;
+- (void)resume;
+
+@end
+
+API_AVAILABLE(macos(10.9)) @interface NSURLSessionDataTask : NSURLSessionTask
+@end
+
+@protocol NSURLSessionDelegate <NSObject>
+@end
+
+@protocol NSURLSessionTaskDelegate <NSURLSessionDelegate>
+@optional
+// The handler must be called; nil makes the redirect itself the answer.
+- (void)URLSession:(NSURLSession*)session
+                          task:(NSURLSessionTask*)task
+    willPerformHTTPRedirection:(NSHTTPURLResponse*)response
+                    newRequest:(NSURLRequest*)request
+             completionHandler:(void (^)(NSURLRequest* _Nullable))completionHandler;
+// The last of a task. The error is of the transport; a status is none.
+- (void)URLSession:(NSURLSession*)session
+                    task:(NSURLSessionTask*)task
+    didCompleteWithError:(nullable NSError*)error;
+@end
+
+@protocol NSURLSessionDataDelegate <NSURLSessionTaskDelegate>
+@optional
+// Decompressed; perhaps of several regions, which `bytes` copies into one.
+- (void)URLSession:(NSURLSession*)session
+          dataTask:(NSURLSessionDataTask*)dataTask
+    didReceiveData:(NSData*)data;
+@end
+
+// Any thread.
+API_AVAILABLE(macos(10.9)) @interface NSURLSession : NSObject
+
+// Keeps the delegate until it is invalidated. Without a queue it makes a serial one; a queue that
+// is given has to be serial.
++ (NSURLSession*)sessionWithConfiguration:(NSURLSessionConfiguration*)configuration
+                                 delegate:(nullable id<NSURLSessionDelegate>)delegate
+                            delegateQueue:(nullable NSOperationQueue*)queue;
+// Suspended at first.
+- (NSURLSessionDataTask*)dataTaskWithURL:(NSURL*)url;
+- (void)invalidateAndCancel;
 
 @end
 
