@@ -19,6 +19,38 @@ set(talmo_macos_sources
   input/MacRunLoop.mm
   input/MacRunLoopSource.mm
   input/MacTapEvent.mm
+  interface/Events.mm
+  interface/LetGo.mm
+  interface/MacApplication.mm
+  interface/MacEventMonitors.mm
+  interface/MacPanel.mm
+  interface/MacPanels.mm
+  interface/MacStatusBar.mm
+  interface/MacStatusButton.mm
+  interface/MacStatusItem.mm
+  interface/MacWindow.mm
+  interface/MacWindows.mm
+  interface/Menus.mm
+  interface/TalmoPanel.mm
+  interface/TLMWindow.mm
+  interface/view/FirstMouseHostingView.mm
+  interface/view/Grounds.mm
+  interface/view/Motion.mm
+  interface/view/Palette.mm
+  interface/view/PartFactory.mm
+  interface/view/PartList.mm
+  interface/view/Pictures.mm
+  interface/view/TLMButtonPart.mm
+  interface/view/TLMEqualizerPart.mm
+  interface/view/TLMFlippedStackView.mm
+  interface/view/TLMHostingView.mm
+  interface/view/TLMPicturePart.mm
+  interface/view/TLMSectionPart.mm
+  interface/view/TLMSegmentPart.mm
+  interface/view/TLMStackPart.mm
+  interface/view/TLMSymbolPart.mm
+  interface/view/TLMTextPart.mm
+  interface/view/TLMTogglePart.mm
   log/MacLog.mm
   login/MacLoginItem.mm
   MacBundle.mm
@@ -60,6 +92,7 @@ set(talmo_macos_frameworks
   CoreServices
   Foundation
   ImageIO
+  QuartzCore
   ScriptingBridge
   ServiceManagement
 )
@@ -73,6 +106,14 @@ set(talmo_macos_translation_sources
   dispatch/QosClass.cpp
   images/ImageFile.cpp
   images/PremultipliedPixels.cpp
+  interface/EventTranslation.cpp
+  interface/view/EqualizerBar.cpp
+  interface/view/KeptParts.cpp
+  interface/view/LinePlan.cpp
+  interface/view/SpokenText.cpp
+  interface/view/StackLook.cpp
+  interface/view/SymbolLook.cpp
+  interface/view/TextLook.cpp
   log/LogLine.cpp
   mediasession/ElapsedTime.cpp
   network/HttpsTransfer.cpp

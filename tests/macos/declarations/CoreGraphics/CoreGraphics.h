@@ -24,8 +24,10 @@ static inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat hei
 CF_ASSUME_NONNULL_BEGIN
 CF_IMPLICIT_BRIDGING_ENABLED
 
+typedef struct CF_BRIDGED_TYPE(id) CGColor* CGColorRef;
 typedef struct CF_BRIDGED_TYPE(id) CGColorSpace* CGColorSpaceRef;
 typedef struct CF_BRIDGED_TYPE(id) CGContext* CGContextRef;
+typedef struct CF_BRIDGED_TYPE(id) CGDataProvider* CGDataProviderRef;
 typedef struct CF_BRIDGED_TYPE(id) CGImage* CGImageRef;
 
 // Documented in "CGImageAlphaInfo": an enumeration.
@@ -41,6 +43,7 @@ typedef CF_ENUM(uint32_t, CGImageAlphaInfo) {
 };
 // Documented in "CGBitmapInfo": options, of which the lowest bits are a CGImageAlphaInfo.
 typedef CF_OPTIONS(uint32_t, CGBitmapInfo) {
+  kCGBitmapAlphaInfoMask = 0x1F,
   kCGBitmapByteOrderDefault = 0 << 12,
   kCGBitmapByteOrder32Little = 2 << 12,
   kCGBitmapByteOrder32Big = 4 << 12,
@@ -60,6 +63,8 @@ CG_EXTERN const CFStringRef kCGColorSpaceSRGB API_AVAILABLE(macos(10.5));
 
 CG_EXTERN CGColorSpaceRef _Nullable CGColorSpaceCreateWithName(CFStringRef _Nullable name)
     API_AVAILABLE(macos(10.2));
+// Null is allowed, as in the other releases of Core Graphics.
+CG_EXTERN void CGColorSpaceRelease(CGColorSpaceRef _Nullable space) API_AVAILABLE(macos(10.0));
 
 // --- CGContext --------------------------------------------------------------------------------
 
@@ -76,6 +81,19 @@ CG_EXTERN void CGContextSetInterpolationQuality(CGContextRef _Nullable c,
                                                 CGInterpolationQuality quality)
     API_AVAILABLE(macos(10.1));
 CG_EXTERN void CGContextDrawImage(CGContextRef _Nullable c, CGRect rect, CGImageRef _Nullable image)
+    API_AVAILABLE(macos(10.0));
+
+// --- CGDataProvider ---------------------------------------------------------------------------
+
+// Called with the info and the data that the provider was made with.
+typedef void (*CGDataProviderReleaseDataCallback)(void* _Nullable info, const void* data,
+                                                  size_t size);
+
+// Does not copy the data. Not said: whether the callback is called where the result is null.
+CG_EXTERN CGDataProviderRef _Nullable CGDataProviderCreateWithData(
+    void* _Nullable info, const void* _Nullable data, size_t size,
+    CGDataProviderReleaseDataCallback _Nullable releaseData) API_AVAILABLE(macos(10.0));
+CG_EXTERN void CGDataProviderRelease(CGDataProviderRef _Nullable provider)
     API_AVAILABLE(macos(10.0));
 
 // --- CGEvent ----------------------------------------------------------------------------------
@@ -144,6 +162,16 @@ CG_EXTERN void CGEventPostToPid(pid_t pid, CGEventRef _Nullable event) API_AVAIL
 
 // --- CGImage ----------------------------------------------------------------------------------
 
+typedef CF_ENUM(int32_t, CGColorRenderingIntent) {
+  kCGRenderingIntentDefault,
+};
+
+// Retains the provider and the colour space. Null when the numbers do not fit together.
+CG_EXTERN CGImageRef _Nullable CGImageCreate(
+    size_t width, size_t height, size_t bitsPerComponent, size_t bitsPerPixel, size_t bytesPerRow,
+    CGColorSpaceRef _Nullable space, CGBitmapInfo bitmapInfo, CGDataProviderRef _Nullable provider,
+    const CGFloat* _Nullable decode, bool shouldInterpolate, CGColorRenderingIntent intent)
+    API_AVAILABLE(macos(10.0));
 // Zero for null.
 CG_EXTERN size_t CGImageGetWidth(CGImageRef _Nullable image) API_AVAILABLE(macos(10.0));
 CG_EXTERN size_t CGImageGetHeight(CGImageRef _Nullable image) API_AVAILABLE(macos(10.0));

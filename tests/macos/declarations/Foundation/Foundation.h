@@ -17,6 +17,7 @@
 #define NS_OPTIONS CF_OPTIONS
 #define NS_ERROR_ENUM(domain, name) NS_ENUM(NSInteger, name)
 #define NS_TYPED_ENUM
+#define NS_VALID_UNTIL_END_OF_SCOPE __attribute__((objc_precise_lifetime))
 #define NS_TYPED_EXTENSIBLE_ENUM
 #define NS_FORMAT_FUNCTION(F, A) __attribute__((format(__NSString__, F, A)))
 
@@ -44,6 +45,12 @@ typedef double NSTimeInterval;
 typedef CGPoint NSPoint;
 typedef CGSize NSSize;
 typedef CGRect NSRect;
+typedef struct NSEdgeInsets {
+  CGFloat top;
+  CGFloat left;
+  CGFloat bottom;
+  CGFloat right;
+} NSEdgeInsets;
 typedef NSString* NSErrorDomain NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSErrorUserInfoKey NS_TYPED_EXTENSIBLE_ENUM;
 typedef NSString* NSNotificationName NS_TYPED_EXTENSIBLE_ENUM;
@@ -71,6 +78,25 @@ typedef struct _NSRange {
 NS_INLINE NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
   return {location, length};
 }
+
+FOUNDATION_EXPORT const NSRect NSZeroRect;
+
+// Inline functions on a Mac.
+NS_INLINE NSPoint NSMakePoint(CGFloat x, CGFloat y) {
+  return {x, y};
+}
+NS_INLINE NSSize NSMakeSize(CGFloat w, CGFloat h) {
+  return {w, h};
+}
+NS_INLINE NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat w, CGFloat h) {
+  return {{x, y}, {w, h}};
+}
+// From above counter-clockwise, which is not the order of the screen's edges elsewhere.
+NS_INLINE NSEdgeInsets NSEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
+  return {top, left, bottom, right};
+}
+// Negative numbers make it larger.
+FOUNDATION_EXPORT NSRect NSInsetRect(NSRect aRect, CGFloat dX, CGFloat dY);
 
 // --- What the others are made of --------------------------------------------------------------
 
@@ -746,7 +772,7 @@ typedef NS_ENUM(NSUInteger, NSURLRequestCachePolicy) {
 @class NSURLSession;
 
 // Sessions copy it: what is changed later counts for later sessions.
-API_AVAILABLE(macos(10.9)) @interface NSURLSessionConfiguration : NSObject <NSCopying>
+API_AVAILABLE(macos(10.9)) @interface NSURLSessionConfiguration : NSObject<NSCopying>
 
 // A new object each time.
 @property(class, readonly, strong) NSURLSessionConfiguration* ephemeralSessionConfiguration;
@@ -761,7 +787,7 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSessionConfiguration : NSObject <NSCo
 
 @end
 
-API_AVAILABLE(macos(10.9)) @interface NSURLSessionTask : NSObject <NSCopying>
+API_AVAILABLE(macos(10.9)) @interface NSURLSessionTask : NSObject<NSCopying>
 
 // Unique within its session.
 @property(readonly) NSUInteger taskIdentifier;
