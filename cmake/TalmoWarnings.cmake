@@ -1,7 +1,8 @@
 # What every target of ours is compiled with: linked as `talmo_warnings`.
 add_library(talmo_warnings INTERFACE)
 target_compile_options(talmo_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  # Pedantic of C++ only: Objective-C is an extension of it to begin with.
+  -Wall -Wextra $<$<COMPILE_LANGUAGE:CXX>:-Wpedantic> -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
   -Wno-missing-field-initializers)
 

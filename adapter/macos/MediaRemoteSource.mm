@@ -1,23 +1,25 @@
 #include <algorithm>
-#import <AppKit/AppKit.h>
 #include <atomic>
 #include <cstdint>
-#include <dispatch/dispatch.h>
 #include <dlfcn.h>
-#import <Foundation/Foundation.h>
 #include <memory>
 #include <optional>
 #include <poll.h>
 #include <string>
 #include <unistd.h>
 
+#import <AppKit/AppKit.h>
+#include <dispatch/dispatch.h>
+#import <Foundation/Foundation.h>
+
 #include "adapter/SessionSource.h"
+#include "platform/macos/mediasession/ElapsedTime.h"
+#include "platform/macos/mediasession/MediaRemoteFramework.h"
 
 namespace talmo {
 namespace {
 
-constexpr const char* frameworkPath =
-    "/System/Library/PrivateFrameworks/MediaRemote.framework/MediaRemote";
+constexpr const char* appKitPath = "/System/Library/Frameworks/AppKit.framework/AppKit";
 
 // How long the framework has for an answer; it gives none when its service is gone.
 constexpr std::int64_t answerTimeout = NSEC_PER_SEC;
@@ -26,39 +28,6 @@ constexpr std::int64_t quietTime = 30 * NSEC_PER_MSEC;
 constexpr std::int64_t longestGathering = 150 * NSEC_PER_MSEC;
 // How often the output is looked at: nothing tells when a reader goes.
 constexpr std::int64_t outputCheckInterval = 2 * NSEC_PER_SEC;
-
-/// The framework's functions, as far as it has them. Their forms are not published.
-struct MediaRemoteFunctions {
-  template <typename Function>
-  static Function find(void* framework, const char* name) {
-    return framework == nullptr ? nullptr : reinterpret_cast<Function>(::dlsym(framework, name));
-  }
-
-  void* framework = ::dlopen(frameworkPath, RTLD_NOW);
-  void (*registerForNotifications)(dispatch_queue_t) = find<decltype(registerForNotifications)>(
-      framework, "MRMediaRemoteRegisterForNowPlayingNotifications");
-  void (*getInfo)(dispatch_queue_t, void (^)(CFDictionaryRef)) =
-      find<decltype(getInfo)>(framework, "MRMediaRemoteGetNowPlayingInfo");
-  void (*getPID)(dispatch_queue_t, void (^)(int)) =
-      find<decltype(getPID)>(framework, "MRMediaRemoteGetNowPlayingApplicationPID");
-  void (*getIsPlaying)(dispatch_queue_t, void (^)(Boolean)) =
-      find<decltype(getIsPlaying)>(framework, "MRMediaRemoteGetNowPlayingApplicationIsPlaying");
-  void (*getClient)(dispatch_queue_t, void (^)(CFTypeRef)) =
-      find<decltype(getClient)>(framework, "MRMediaRemoteGetNowPlayingClient");
-  CFStringRef (*clientBundleIdentifier)(CFTypeRef) =
-      find<decltype(clientBundleIdentifier)>(framework, "MRNowPlayingClientGetBundleIdentifier");
-  CFStringRef (*clientParentBundleIdentifier)(CFTypeRef) =
-      find<decltype(clientParentBundleIdentifier)>(
-          framework, "MRNowPlayingClientGetParentAppBundleIdentifier");
-  Boolean (*sendCommand)(int,
-                         CFDictionaryRef) = find<decltype(sendCommand)>(framework,
-                                                                        "MRMediaRemoteSendCommand");
-
-  NSString* constant(const char* name) const {
-    const auto address = find<CFStringRef*>(framework, name);
-    return address == nullptr ? nil : (__bridge NSString*)*address;
-  }
-};
 
 /// An answer that comes on another thread, perhaps after nobody waits for it any more.
 template <typename Value>
@@ -90,6 +59,16 @@ std::optional<std::string> text(id value) {
 std::optional<double> number(id value) {
   if (![value isKindOfClass:[NSNumber class]]) return std::nullopt;
   return [static_cast<NSNumber*>(value) doubleValue];
+}
+
+/// The application of a process, for a framework that does not name the owner itself. AppKit takes
+/// longer to load than a helper runs, so it is not linked.
+std::optional<std::string> bundleIdentifierOf(pid_t process) {
+  [[maybe_unused]] static void* const appKit = ::dlopen(appKitPath, RTLD_NOW);
+  const Class applications = NSClassFromString(@"NSRunningApplication");
+  NSRunningApplication* const application =
+      [applications runningApplicationWithProcessIdentifier:process];
+  return text(application.bundleIdentifier);
 }
 
 /// The session that the system keeps.
@@ -125,7 +104,13 @@ class MediaRemoteSource : public SessionSource {
   }
 
   bool send(int command) override {
-    return remote_.sendCommand != nullptr && remote_.sendCommand(command, nullptr) != 0;
+    @autoreleasepool {
+      if (remote_.sendCommand == nullptr) return false;
+      if (remote_.sendCommand(command, nullptr) == 0) return false;
+      // It may still be on its way out, and this process ends: what answers comes after it.
+      process();
+      return true;
+    }
   }
 
  private:
@@ -136,50 +121,54 @@ class MediaRemoteSource : public SessionSource {
 
   Owner owner() {
     Owner owner;
-    if (remote_.getClient != nullptr && remote_.clientBundleIdentifier != nullptr) {
+    if (remote_.getNowPlayingClient != nullptr && remote_.clientBundleIdentifier != nullptr) {
       const auto answer = std::make_shared<Answer<id>>();
-      remote_.getClient(queue_, ^(CFTypeRef client) {
+      remote_.getNowPlayingClient(queue_, ^(CFTypeRef client) {
         answer->give((__bridge id)client);
       });
       if (const id client = answer->wait().value_or(nil); client != nil) {
         const auto reference = (__bridge CFTypeRef)client;
         owner.bundleIdentifier = text((__bridge id)remote_.clientBundleIdentifier(reference));
-        if (remote_.clientParentBundleIdentifier != nullptr) {
+        if (remote_.clientParentAppBundleIdentifier != nullptr) {
           owner.parentBundleIdentifier =
-              text((__bridge id)remote_.clientParentBundleIdentifier(reference));
+              text((__bridge id)remote_.clientParentAppBundleIdentifier(reference));
         }
       }
     }
-    if (!owner.bundleIdentifier && remote_.getPID != nullptr) {
-      const auto answer = std::make_shared<Answer<int>>();
-      remote_.getPID(queue_, ^(int process) {
-        answer->give(process);
-      });
-      if (const int process = answer->wait().value_or(0); process > 0) {
-        owner.bundleIdentifier =
-            text([NSRunningApplication runningApplicationWithProcessIdentifier:process]
-                     .bundleIdentifier);
+    if (!owner.bundleIdentifier) {
+      if (const pid_t process = this->process(); process > 0) {
+        owner.bundleIdentifier = bundleIdentifierOf(process);
       }
     }
     return owner;
   }
 
+  /// The owner's process; 0 or less when there is none.
+  pid_t process() {
+    if (remote_.getNowPlayingApplicationPID == nullptr) return 0;
+    const auto answer = std::make_shared<Answer<pid_t>>();
+    remote_.getNowPlayingApplicationPID(queue_, ^(int process) {
+      answer->give(process);
+    });
+    return answer->wait().value_or(0);
+  }
+
   bool isPlaying(const std::optional<double>& rate) {
     if (rate) return *rate > 0;
-    if (remote_.getIsPlaying == nullptr) return false;
+    if (remote_.getNowPlayingApplicationIsPlaying == nullptr) return false;
     const auto answer = std::make_shared<Answer<bool>>();
-    remote_.getIsPlaying(queue_, ^(Boolean playing) {
+    remote_.getNowPlayingApplicationIsPlaying(queue_, ^(Boolean playing) {
       answer->give(playing != 0);
     });
     return answer->wait().value_or(false);
   }
 
   std::optional<MediaSession> read(bool wantsArtwork) {
-    if (remote_.getInfo == nullptr) return std::nullopt;
+    if (remote_.getNowPlayingInfo == nullptr) return std::nullopt;
     const Owner owner = this->owner();
     if (!owner.bundleIdentifier || owner.bundleIdentifier->empty()) return std::nullopt;
     const auto answer = std::make_shared<Answer<NSDictionary*>>();
-    remote_.getInfo(queue_, ^(CFDictionaryRef information) {
+    remote_.getNowPlayingInfo(queue_, ^(CFDictionaryRef information) {
       answer->give((__bridge NSDictionary*)information);
     });
     NSDictionary* const info = answer->wait().value_or(nil);
@@ -200,8 +189,9 @@ class MediaRemoteSource : public SessionSource {
     // The owner said where it was when it last had something to say.
     const id timestamp = info[@"kMRMediaRemoteNowPlayingInfoTimestamp"];
     if (session.elapsedTime && session.isPlaying && [timestamp isKindOfClass:[NSDate class]]) {
-      *session.elapsedTime -=
-          static_cast<NSDate*>(timestamp).timeIntervalSinceNow * rate.value_or(1);
+      const double age = -static_cast<NSDate*>(timestamp).timeIntervalSinceNow;
+      session.elapsedTime =
+          elapsedTimeNow(*session.elapsedTime, age, rate.value_or(1), session.duration);
     }
     if (wantsArtwork) {
       session.artwork = artwork(info[@"kMRMediaRemoteNowPlayingInfoArtworkData"]);
@@ -240,15 +230,16 @@ class MediaRemoteSource : public SessionSource {
       NSString* const notification = remote_.constant(name);
       if (notification == nil) continue;
       [observers_
-          addObject:[NSNotificationCenter.defaultCenter addObserverForName:notification
-                                                                    object:nil
+          addObject:[NSNotificationCenter.defaultCenter addObserverForName:notification object:nil
                                                                      queue:nil
                                                                 usingBlock:^(NSNotification*) {
                                                                   *hasChanged = true;
                                                                   dispatch_semaphore_signal(woken);
                                                                 }]];
     }
-    if (remote_.registerForNotifications != nullptr) remote_.registerForNotifications(queue_);
+    if (remote_.registerForNowPlayingNotifications != nullptr) {
+      remote_.registerForNowPlayingNotifications(queue_);
+    }
 
     parentSource_ = dispatch_source_create(
         DISPATCH_SOURCE_TYPE_PROC, static_cast<uintptr_t>(parent_), DISPATCH_PROC_EXIT, queue_);
@@ -275,12 +266,12 @@ class MediaRemoteSource : public SessionSource {
 
   bool mustEnd() const {
     if (::getppid() != parent_) return true;
-    // Without events to look for, poll says of the output only that it is broken.
-    pollfd output{.fd = STDOUT_FILENO, .events = 0, .revents = 0};
-    return ::poll(&output, 1, 0) == 1;
+    // Without an event to look for, this system's poll does not look at all.
+    pollfd output{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
+    return ::poll(&output, 1, 0) == 1 && (output.revents & (POLLERR | POLLHUP | POLLNVAL)) != 0;
   }
 
-  const MediaRemoteFunctions remote_;
+  const MediaRemoteFramework& remote_ = MediaRemoteFramework::shared();
   const pid_t parent_ = ::getppid();
   const dispatch_queue_t queue_ =
       dispatch_queue_create("nl.brelm.talmo.now-playing-helper", DISPATCH_QUEUE_SERIAL);

@@ -224,7 +224,7 @@ TEST_P(ChildProcessContract, AProgramThatIsMissingIsToldInWordsAndNothingHangs) 
   const auto record = std::make_shared<ChildRecord>();
   const auto child = make(world().missingProgram());
   child->setTerminationHandler(ending(record));
-  EXPECT_EQ(child->launch(), "No such file or directory");
+  EXPECT_NE(child->launch().value_or(""), "");
   EXPECT_FALSE(child->isRunning());
   child->terminate();
   std::string output = "unread";

@@ -1,10 +1,10 @@
 #include <csignal>
 #include <cstdio>
 #include <deque>
-#include <fcntl.h>
 #include <memory>
 #include <optional>
 #include <string>
+#include <sys/socket.h>
 #include <unistd.h>
 #include <vector>
 
@@ -143,11 +143,11 @@ TEST_F(HelperTest, EndsAStreamQuietlyWhenNobodyReadsIt) {
 }
 
 TEST_F(HelperTest, SaysWhenAStreamCannotBeWritten) {
-  const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
-  ASSERT_GE(full, 0);
+  const int unconnected = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  ASSERT_GE(unconnected, 0);
   sessions_ = {tune, paused()};
-  EXPECT_EQ(run({"stream"}, full), 1);
-  ::close(full);
+  EXPECT_EQ(run({"stream"}, unconnected), 1);
+  ::close(unconnected);
   EXPECT_THAT(errors_.lines(), ElementsAre(StartsWith("mediaremote-adapter: cannot write: ")));
 }
 

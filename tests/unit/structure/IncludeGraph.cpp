@@ -39,13 +39,18 @@ std::string backendOfAdapter(const std::string& path) {
   return "platform" + path.substr(slash, second - slash);
 }
 
+/// Whether it is the source of a backend that makes the program.
+bool isEntry(const std::string& path) {
+  return path == room(path) + "/main.cpp" || path == "platform/macos/AppDelegate.mm";
+}
+
 bool mayInclude(const std::string& path, const std::string& included) {
   const std::string from = room(path);
   const std::string to = room(included);
   if (from == "tests" || from == "bench" || from == "fuzz") return true;
   if (to == "support" || to == "platform") return true;
   if (isProgram(from)) return isProgram(to);
-  if (path == from + "/main.cpp" && to == "app") return true;
+  if (isEntry(path) && to == "app") return true;
   if (from == "adapter" && to == "adapter") {
     const std::string inner = backendOfAdapter(included);
     return inner.empty() || inner == backendOfAdapter(path);
@@ -58,7 +63,7 @@ const std::regex& systemHeader() {
   static const std::regex regex(
       R"((Q[A-Z]\w*|xcb/.*|X11/.*|xkbcommon/.*|dbus/.*|systemd/.*|pulse/.*|gio/.*|glib.*|Cocoa/.*|)"
       R"(AppKit/.*|Foundation/.*|CoreGraphics/.*|CoreAudio/.*|ApplicationServices/.*|objc/.*|)"
-      R"(dispatch/.*|unistd\.h|sys/.*|spawn\.h|dlfcn\.h|poll\.h|pthread\.h|signal\.h|fcntl\.h|)"
+      R"(CoreFoundation/.*|dispatch/.*|os/.*|unistd\.h|sys/.*|spawn\.h|dlfcn\.h|poll\.h|pthread\.h|signal\.h|fcntl\.h|)"
       R"(windows\.h))");
   return regex;
 }

@@ -1,0 +1,19 @@
+#include "platform/macos/interface/Events.h"
+
+#include "platform/macos/interface/EventTranslation.h"
+
+namespace talmo {
+
+std::optional<InterfaceEvent> interfaceEvent(NSEvent* event) {
+  if (event == nil) return std::nullopt;
+  return interfaceEventOf(
+      {.type = event.type,
+       // The number is there without a window as well, and is another process's then.
+       .windowNumber = event.windowNumber,
+       .hasWindow = event.window != nil,
+       // Raises for what is no key event.
+       .keyCode = event.type == NSEventTypeKeyDown ? event.keyCode : std::uint16_t{0},
+       .modifierFlags = event.modifierFlags});
+}
+
+}  // namespace talmo

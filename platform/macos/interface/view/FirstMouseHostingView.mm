@@ -1,0 +1,9 @@
+#include "platform/macos/interface/view/FirstMouseHostingView.h"
+
+@implementation FirstMouseHostingView
+
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+  return YES;
+}
+
+@end

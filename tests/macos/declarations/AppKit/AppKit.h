@@ -1,0 +1,862 @@
+// AppKit. Its classes belong to the main thread unless their documentation says otherwise.
+// Sections by class, alphabetically; a class comes after the one that it is made from.
+#pragma once
+
+#include <CoreGraphics/CoreGraphics.h>
+#include <Foundation/Foundation.h>
+#include <QuartzCore/QuartzCore.h>
+
+#define APPKIT_EXTERN extern "C"
+
+@class NSApplication;
+@class NSCell;
+@class NSClipView;
+@class NSColor;
+@class NSCursor;
+@class NSEvent;
+@class NSFont;
+@class NSGraphicsContext;
+@class NSImage;
+@class NSImageSymbolConfiguration;
+@class NSLayoutDimension;
+@class NSLayoutXAxisAnchor;
+@class NSLayoutYAxisAnchor;
+@class NSMenu;
+@class NSMenuItem;
+@class NSScreen;
+@class NSStatusBarButton;
+@class NSTrackingArea;
+@class NSView;
+@class NSWindow;
+@protocol NSMenuDelegate;
+@protocol NSWindowDelegate;
+
+NS_ASSUME_NONNULL_BEGIN
+
+// --- Constants --------------------------------------------------------------------------------
+
+typedef NSInteger NSControlStateValue NS_TYPED_EXTENSIBLE_ENUM;
+static const NSControlStateValue NSControlStateValueOff = 0;
+static const NSControlStateValue NSControlStateValueOn = 1;
+
+// A float, not a CGFloat ("NSLayoutConstraint.Priority").
+typedef float NSLayoutPriority NS_TYPED_EXTENSIBLE_ENUM;
+static const NSLayoutPriority NSLayoutPriorityRequired = 1000;
+static const NSLayoutPriority NSLayoutPriorityDragThatCannotResizeWindow = 490;
+static const NSLayoutPriority NSLayoutPriorityDefaultLow = 250;
+
+typedef NS_ENUM(NSInteger, NSLayoutConstraintOrientation) {
+  NSLayoutConstraintOrientationHorizontal = 0,
+  NSLayoutConstraintOrientationVertical = 1,
+};
+// Another type than the one above, with the same numbers.
+typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutOrientation) {
+  NSUserInterfaceLayoutOrientationHorizontal = 0,
+  NSUserInterfaceLayoutOrientationVertical = 1,
+};
+typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutDirection) {
+  NSUserInterfaceLayoutDirectionLeftToRight = 0,
+  NSUserInterfaceLayoutDirectionRightToLeft = 1,
+};
+
+// --- NSAccessibility --------------------------------------------------------------------------
+
+typedef NSString* NSAccessibilityNotificationName NS_TYPED_ENUM;
+typedef NSString* NSAccessibilityRole NS_TYPED_ENUM;
+typedef NSString* NSAccessibilitySubrole NS_TYPED_ENUM;
+
+APPKIT_EXTERN NSAccessibilityNotificationName const
+    NSAccessibilityFocusedUIElementChangedNotification;
+APPKIT_EXTERN NSAccessibilityRole const NSAccessibilityButtonRole;
+APPKIT_EXTERN NSAccessibilityRole const NSAccessibilityGroupRole;
+APPKIT_EXTERN NSAccessibilityRole const NSAccessibilityImageRole;
+APPKIT_EXTERN NSAccessibilityRole const NSAccessibilityMenuButtonRole;
+APPKIT_EXTERN NSAccessibilitySubrole const NSAccessibilityToggleSubrole API_AVAILABLE(macos(10.9));
+
+APPKIT_EXTERN void NSAccessibilityPostNotification(id element,
+                                                   NSAccessibilityNotificationName notification);
+
+// Each is asked by assistive technology and may be overridden, or be set.
+@protocol NSAccessibility <NSObject>
+
+@required
+@property(getter=isAccessibilityElement) BOOL accessibilityElement API_AVAILABLE(macos(10.10));
+@property(getter=isAccessibilityFocused) BOOL accessibilityFocused API_AVAILABLE(macos(10.10));
+@property(nullable, copy) NSArray* accessibilityChildren API_AVAILABLE(macos(10.10));
+// The hint.
+@property(nullable, copy) NSString* accessibilityHelp API_AVAILABLE(macos(10.10));
+@property(nullable, copy) NSString* accessibilityLabel API_AVAILABLE(macos(10.10));
+@property(nullable, copy) NSAccessibilityRole accessibilityRole API_AVAILABLE(macos(10.10));
+@property(nullable, copy) NSAccessibilitySubrole accessibilitySubrole API_AVAILABLE(macos(10.10));
+@property(nullable, strong) id accessibilityValue API_AVAILABLE(macos(10.10));
+- (BOOL)accessibilityPerformPress API_AVAILABLE(macos(10.10));
+
+@end
+
+// --- NSBezierPath -----------------------------------------------------------------------------
+
+@interface NSBezierPath : NSObject <NSCopying, NSSecureCoding>
+
++ (NSBezierPath*)bezierPathWithRoundedRect:(NSRect)rect
+                                   xRadius:(CGFloat)xRadius
+                                   yRadius:(CGFloat)yRadius API_AVAILABLE(macos(10.5));
+- (void)fill;
+
+@end
+
+// --- NSCell -----------------------------------------------------------------------------------
+
+@interface NSCell : NSObject <NSCopying, NSCoding>
+
+@property BOOL wraps;
+
+@end
+
+// --- NSColor ----------------------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSColorSystemEffect) {
+  NSColorSystemEffectRollover = 4,
+};
+
+// Most of these look at the appearance that is the current one, when they are used.
+@interface NSColor : NSObject <NSCopying, NSSecureCoding>
+
+@property(class, strong, readonly) NSColor* alternateSelectedControlTextColor;
+@property(class, strong, readonly) NSColor* blackColor;
+@property(class, strong, readonly) NSColor* clearColor;
+@property(class, strong, readonly) NSColor* controlAccentColor API_AVAILABLE(macos(10.14));
+@property(class, strong, readonly) NSColor* labelColor API_AVAILABLE(macos(10.10));
+@property(class, strong, readonly) NSColor* linkColor API_AVAILABLE(macos(10.10));
+@property(class, strong, readonly) NSColor* quaternarySystemFillColor API_AVAILABLE(macos(14.0));
+@property(class, strong, readonly) NSColor* secondaryLabelColor API_AVAILABLE(macos(10.10));
+@property(class, strong, readonly) NSColor* secondarySystemFillColor API_AVAILABLE(macos(14.0));
+@property(class, strong, readonly) NSColor* separatorColor API_AVAILABLE(macos(10.14));
+@property(class, strong, readonly) NSColor* systemFillColor API_AVAILABLE(macos(14.0));
+@property(class, strong, readonly) NSColor* systemGreenColor API_AVAILABLE(macos(10.10));
+@property(class, strong, readonly) NSColor* systemOrangeColor API_AVAILABLE(macos(10.10));
+@property(class, strong, readonly) NSColor* tertiaryLabelColor API_AVAILABLE(macos(10.10));
+@property(class, strong, readonly) NSColor* tertiarySystemFillColor API_AVAILABLE(macos(14.0));
+@property(class, strong, readonly) NSColor* whiteColor;
+// Of the appearance that is the current one now; lives as long as the colour or the pool.
+@property(readonly) CGColorRef CGColor NS_RETURNS_INNER_POINTER API_AVAILABLE(macos(10.8));
+- (NSColor*)colorWithAlphaComponent:(CGFloat)alpha;
+- (NSColor*)colorWithSystemEffect:(NSColorSystemEffect)systemEffect API_AVAILABLE(macos(10.14));
+- (void)set;
+
+@end
+
+// --- NSCursor ---------------------------------------------------------------------------------
+
+@interface NSCursor : NSObject <NSSecureCoding>
+
+@property(class, readonly, strong) NSCursor* pointingHandCursor;
+
+@end
+
+// --- NSEvent ----------------------------------------------------------------------------------
+
+typedef NS_ENUM(NSUInteger, NSEventType) {
+  NSEventTypeLeftMouseDown = 1,
+  NSEventTypeRightMouseDown = 3,
+  NSEventTypeRightMouseUp = 4,
+  NSEventTypeKeyDown = 10,
+  NSEventTypeSystemDefined = 14,
+};
+// Documented in "NSEventSubtype": a short, as the property that gives it.
+typedef NS_ENUM(short, NSEventSubtype) {
+  NSEventSubtypeWindowExposed = 0,
+};
+// Always 64 bits wide, as it has a bit for each type.
+typedef NS_OPTIONS(unsigned long long, NSEventMask) {
+  NSEventMaskLeftMouseDown = 1ULL << NSEventTypeLeftMouseDown,
+};
+typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
+  NSEventModifierFlagCommand = 1 << 20,
+};
+
+@interface NSEvent : NSObject <NSCopying, NSCoding>
+
+@property(readonly) NSEventType type;
+@property(readonly) NSEventModifierFlags modifierFlags;
+// Nil for an event of another process.
+@property(nullable, readonly, assign) NSWindow* window;
+@property(readonly) NSInteger windowNumber;
+// In the coordinates of its window, where it has one.
+@property(readonly) NSPoint locationInWindow;
+// Both raise for what is no key event.
+@property(getter=isARepeat, readonly) BOOL ARepeat;
+@property(readonly) unsigned short keyCode;
+// These two raise for an event that is none of the application's, AppKit's, the system's and the
+// periodic ones.
+@property(readonly) NSEventSubtype subtype;
+@property(readonly) NSInteger data1;
+// Retains the event; nil for what has no event of AppKit's.
++ (nullable NSEvent*)eventWithCGEvent:(CGEventRef)cgEvent API_AVAILABLE(macos(10.5));
+// Nil when the monitor cannot be made. The handler is copied, and kept until its monitor is
+// removed; it is called on the main thread. A global one sees keys only in a trusted process.
++ (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
+                                             handler:(void (^)(NSEvent* event))block
+    API_AVAILABLE(macos(10.6));
+// Nil from the handler stops the event.
++ (nullable id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask
+                                            handler:(NSEvent* _Nullable (^)(NSEvent* event))block
+    API_AVAILABLE(macos(10.6));
+// Once for each monitor.
++ (void)removeMonitor:(id)eventMonitor API_AVAILABLE(macos(10.6));
+
+@end
+
+// --- NSFont -----------------------------------------------------------------------------------
+
+typedef CGFloat NSFontWeight NS_TYPED_EXTENSIBLE_ENUM;
+
+APPKIT_EXTERN const NSFontWeight NSFontWeightRegular API_AVAILABLE(macos(10.11));
+APPKIT_EXTERN const NSFontWeight NSFontWeightMedium API_AVAILABLE(macos(10.11));
+APPKIT_EXTERN const NSFontWeight NSFontWeightSemibold API_AVAILABLE(macos(10.11));
+APPKIT_EXTERN const NSFontWeight NSFontWeightBold API_AVAILABLE(macos(10.11));
+
+@interface NSFont : NSObject <NSCopying, NSSecureCoding>
+
++ (NSFont*)systemFontOfSize:(CGFloat)fontSize
+                     weight:(NSFontWeight)weight API_AVAILABLE(macos(10.11));
+
+@end
+
+// --- NSHapticFeedback -------------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSHapticFeedbackPattern) {
+  NSHapticFeedbackPatternGeneric = 0,
+  NSHapticFeedbackPatternAlignment = 1,
+  NSHapticFeedbackPatternLevelChange = 2,
+} API_AVAILABLE(macos(10.11));
+
+typedef NS_ENUM(NSUInteger, NSHapticFeedbackPerformanceTime) {
+  NSHapticFeedbackPerformanceTimeDefault = 0,
+  NSHapticFeedbackPerformanceTimeNow = 1,
+  NSHapticFeedbackPerformanceTimeDrawCompleted = 2,
+} API_AVAILABLE(macos(10.11));
+
+API_AVAILABLE(macos(10.11)) @protocol NSHapticFeedbackPerformer<NSObject>
+- (void)performFeedbackPattern:(NSHapticFeedbackPattern)pattern
+               performanceTime:(NSHapticFeedbackPerformanceTime)performanceTime;
+@end
+
+API_AVAILABLE(macos(10.11)) @interface NSHapticFeedbackManager : NSObject
+
+@property(class, readonly, strong) id<NSHapticFeedbackPerformer> defaultPerformer;
+
+@end
+
+// --- NSImage ----------------------------------------------------------------------------------
+
+typedef NSString* NSImageHintKey NS_TYPED_ENUM;
+typedef NSString* NSImageName NS_TYPED_EXTENSIBLE_ENUM;
+typedef NS_ENUM(NSInteger, NSImageResizingMode) {
+  NSImageResizingModeTile = 0,
+  NSImageResizingModeStretch = 1,
+};
+
+@interface NSImage : NSObject <NSCopying, NSCoding, NSSecureCoding>
+
+// Nil where there is none; shared by all who ask for the same name.
++ (nullable NSImage*)imageNamed:(NSImageName)name;
++ (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
+                          accessibilityDescription:(nullable NSString*)description
+    API_AVAILABLE(macos(11.0));
+// The handler may be called on any thread that draws the image, and more than once.
++ (NSImage*)imageWithSize:(NSSize)size
+                  flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext
+           drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler API_AVAILABLE(macos(10.8));
+// Nil for what is no file of a picture.
+- (nullable instancetype)initWithData:(NSData*)data;
+// In points.
+@property NSSize size;
+// A property named `template`, which is a keyword here.
+- (BOOL)isTemplate API_AVAILABLE(macos(10.5));
+- (void)setTemplate:(BOOL)isTemplate API_AVAILABLE(macos(10.5));
+@property(nullable, copy) NSString* accessibilityDescription API_AVAILABLE(macos(10.6));
+@property NSEdgeInsets capInsets API_AVAILABLE(macos(10.10));
+@property NSImageResizingMode resizingMode API_AVAILABLE(macos(10.10));
+// Not the caller's; lives as long as the autorelease pool. The frame is changed to what the picture
+// was made for; null stands for the image's own size.
+- (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedDestRect
+                                      context:(nullable NSGraphicsContext*)referenceContext
+                                        hints:(nullable NSDictionary<NSImageHintKey, id>*)hints
+    CF_RETURNS_NOT_RETAINED API_AVAILABLE(macos(10.6));
+
+@end
+
+// --- NSImageSymbolConfiguration ---------------------------------------------------------------
+
+API_AVAILABLE(macos(11.0))
+@interface NSImageSymbolConfiguration : NSObject <NSCopying, NSSecureCoding>
+
++ (instancetype)configurationWithPointSize:(CGFloat)pointSize weight:(NSFontWeight)weight;
+
+@end
+
+// --- NSLayoutAnchor ---------------------------------------------------------------------------
+
+@class NSLayoutConstraint;
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutAnchor<AnchorType> : NSObject <NSCopying, NSCoding>
+
+// Not active yet.
+- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor<AnchorType>*)anchor;
+- (NSLayoutConstraint*)constraintLessThanOrEqualToAnchor:(NSLayoutAnchor<AnchorType>*)anchor;
+- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor<AnchorType>*)anchor
+                                      constant:(CGFloat)c;
+
+@end
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutDimension : NSLayoutAnchor <NSLayoutDimension*>
+
+- (NSLayoutConstraint*)constraintEqualToConstant:(CGFloat)c;
+- (NSLayoutConstraint*)constraintGreaterThanOrEqualToConstant:(CGFloat)c;
+- (NSLayoutConstraint*)constraintLessThanOrEqualToConstant:(CGFloat)c;
+
+@end
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutXAxisAnchor : NSLayoutAnchor <NSLayoutXAxisAnchor*>
+@end
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutYAxisAnchor : NSLayoutAnchor <NSLayoutYAxisAnchor*>
+@end
+
+// --- NSLayoutConstraint -----------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSLayoutAttribute) {
+  NSLayoutAttributeLeading = 5,
+  NSLayoutAttributeCenterY = 10,
+};
+
+API_AVAILABLE(macos(10.7)) @interface NSLayoutConstraint : NSObject
+
+// Cannot change from or to required once the constraint is active.
+@property NSLayoutPriority priority;
+@property(getter=isActive) BOOL active API_AVAILABLE(macos(10.10));
++ (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints API_AVAILABLE(macos(10.10));
+
+@end
+
+// --- NSMenu -----------------------------------------------------------------------------------
+
+@interface NSMenu : NSObject <NSCopying, NSCoding>
+
+- (instancetype)initWithTitle:(NSString*)title NS_DESIGNATED_INITIALIZER;
+- (instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
+- (void)addItem:(NSMenuItem*)newItem;
+@property(nullable, weak) id<NSMenuDelegate> delegate;
+// Returns when the menu has closed; whether an item was chosen. The place is in the view's
+// coordinates, and where the menu's upper left corner comes when no item is named.
+- (BOOL)popUpMenuPositioningItem:(nullable NSMenuItem*)item
+                      atLocation:(NSPoint)location
+                          inView:(nullable NSView*)view API_AVAILABLE(macos(10.6));
+
+@end
+
+@protocol NSMenuDelegate <NSObject>
+
+@optional
+- (void)menuWillOpen:(NSMenu*)menu API_AVAILABLE(macos(10.5));
+- (void)menuDidClose:(NSMenu*)menu API_AVAILABLE(macos(10.5));
+
+@end
+
+// --- NSMenuItem -------------------------------------------------------------------------------
+
+@interface NSMenuItem : NSObject <NSCopying, NSCoding>
+
++ (NSMenuItem*)separatorItem;
+// The modifier of the key equivalent is Command.
+- (instancetype)initWithTitle:(NSString*)string
+                       action:(nullable SEL)selector
+                keyEquivalent:(NSString*)charCode NS_DESIGNATED_INITIALIZER;
+- (instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
+@property NSControlStateValue state;
+@property(nullable, weak) id target;
+@property NSInteger tag;
+@property(nullable, strong) id representedObject;
+
+@end
+
+// --- NSResponder ------------------------------------------------------------------------------
+
+@protocol NSStandardKeyBindingResponding <NSObject>
+
+@optional
+// The Escape key's.
+- (void)cancelOperation:(nullable id)sender;
+
+@end
+
+@interface NSResponder : NSObject <NSCoding>
+
+- (instancetype)init NS_DESIGNATED_INITIALIZER;
+- (nullable instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
+- (void)mouseDown:(NSEvent*)event;
+- (void)mouseUp:(NSEvent*)event;
+- (void)mouseDragged:(NSEvent*)event;
+- (void)mouseEntered:(NSEvent*)event;
+- (void)mouseExited:(NSEvent*)event;
+- (void)keyDown:(NSEvent*)event;
+
+@end
+
+@interface NSResponder (NSStandardKeyBindingMethods) <NSStandardKeyBindingResponding>
+@end
+
+// --- NSApplication ----------------------------------------------------------------------------
+
+APPKIT_EXTERN __kindof NSApplication* _Null_unspecified NSApp;
+
+// Sets up the application and runs it; does not return: the end of the application is exit(0).
+APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull]);
+
+@protocol NSApplicationDelegate <NSObject>
+@optional
+- (void)applicationDidFinishLaunching:(NSNotification*)notification;
+@end
+
+@interface NSApplication : NSResponder
+
+// Makes the application on first use, and sets NSApp.
+@property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property(nullable, weak) id<NSApplicationDelegate> delegate;
+- (void)activate API_AVAILABLE(macos(14.0));
+// Does not return, unless the delegate says no.
+- (void)terminate:(nullable id)sender;
+- (void)orderFrontStandardAboutPanel:(nullable id)sender;
+// The last that was taken from the queue; nil before the first.
+@property(nullable, readonly, strong) NSEvent* currentEvent;
+
+@end
+
+// --- NSRunningApplication ---------------------------------------------------------------------
+
+// Safe on any thread; its properties change only with the main run loop ("NSRunningApplication").
+API_AVAILABLE(macos(10.6)) @interface NSRunningApplication : NSObject
+
+// In no order that is documented; empty for none.
++ (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:
+    (NSString*)bundleIdentifier;
++ (nullable instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid;
+@property(readonly, copy, nullable) NSString* bundleIdentifier;
+// Nil for what was not launched by Launch Services.
+@property(readonly, copy, nullable) NSDate* launchDate;
+@property(readonly, copy, nullable) NSString* localizedName;
+// -1 once it has ended, for what has no process.
+@property(readonly) pid_t processIdentifier;
+
+@end
+
+// --- NSScreen ---------------------------------------------------------------------------------
+
+@interface NSScreen : NSObject
+
+// The one with the window that has the keys; nil while there is no screen.
+@property(class, nullable, readonly, strong) NSScreen* mainScreen;
+@property(readonly) NSRect visibleFrame;
+
+@end
+
+// --- NSStatusBar ------------------------------------------------------------------------------
+
+@class NSStatusItem;
+
+@interface NSStatusBar : NSObject
+
+@property(class, readonly, strong) NSStatusBar* systemStatusBar;
+// The bar does not keep the item: it goes when nobody does.
+- (NSStatusItem*)statusItemWithLength:(CGFloat)length;
+- (void)removeStatusItem:(NSStatusItem*)item;
+
+@end
+
+// --- NSStatusItem -----------------------------------------------------------------------------
+
+@interface NSStatusItem : NSObject
+
+// With a menu the button opens it instead of sending its action.
+@property(nullable, strong) NSMenu* menu;
+@property(nullable, readonly, strong) NSStatusBarButton* button API_AVAILABLE(macos(10.10));
+
+@end
+
+// --- NSTrackingArea ---------------------------------------------------------------------------
+
+typedef NS_OPTIONS(NSUInteger, NSTrackingAreaOptions) {
+  NSTrackingMouseEnteredAndExited = 0x01,
+  NSTrackingActiveAlways = 0x80,
+  // The rectangle that it is made with does not count then.
+  NSTrackingInVisibleRect = 0x200,
+};
+
+API_AVAILABLE(macos(10.5)) @interface NSTrackingArea : NSObject<NSCopying, NSCoding>
+
+// The owner is not retained.
+- (instancetype)initWithRect:(NSRect)rect
+                     options:(NSTrackingAreaOptions)options
+                       owner:(nullable id)owner
+                    userInfo:(nullable NSDictionary*)userInfo;
+
+@end
+
+// --- NSView -----------------------------------------------------------------------------------
+
+typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
+  NSViewWidthSizable = 2,
+  NSViewHeightSizable = 16,
+};
+
+@interface NSView : NSResponder <NSAccessibility>
+
+- (instancetype)initWithFrame:(NSRect)frameRect NS_DESIGNATED_INITIALIZER;
+- (nullable instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
+
+// The view tree. A view keeps its subviews, and neither its superview nor its window.
+@property(nullable, readonly, assign) NSWindow* window;
+@property(copy) NSArray<__kindof NSView*>* subviews;
+- (void)addSubview:(NSView*)view;
+- (void)removeFromSuperview;
+- (void)viewDidMoveToWindow;
+
+// Places.
+@property NSRect frame;
+@property NSRect bounds;
+@property(readonly) NSRect visibleRect;
+@property(getter=isFlipped, readonly) BOOL flipped;
+@property NSAutoresizingMaskOptions autoresizingMask;
+// Nil means the window's coordinates.
+- (NSPoint)convertPoint:(NSPoint)point fromView:(nullable NSView*)view;
+- (BOOL)mouse:(NSPoint)point inRect:(NSRect)rect;
+- (BOOL)scrollRectToVisible:(NSRect)rect;
+
+// Layout.
+@property BOOL translatesAutoresizingMaskIntoConstraints API_AVAILABLE(macos(10.7));
+@property(readonly, strong) NSLayoutXAxisAnchor* leadingAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutXAxisAnchor* trailingAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutYAxisAnchor* topAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutYAxisAnchor* bottomAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutDimension* widthAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutDimension* heightAnchor API_AVAILABLE(macos(10.11));
+// The least size that its own and its subviews' constraints allow.
+@property(readonly) NSSize fittingSize API_AVAILABLE(macos(10.7));
+- (void)layoutSubtreeIfNeeded API_AVAILABLE(macos(10.7));
+- (void)setContentHuggingPriority:(NSLayoutPriority)priority
+                   forOrientation:(NSLayoutConstraintOrientation)orientation
+    API_AVAILABLE(macos(10.7));
+- (void)setContentCompressionResistancePriority:(NSLayoutPriority)priority
+                                 forOrientation:(NSLayoutConstraintOrientation)orientation
+    API_AVAILABLE(macos(10.7));
+@property NSUserInterfaceLayoutDirection userInterfaceLayoutDirection API_AVAILABLE(macos(10.8));
+
+// Drawing. A view that updates its layer is told to with its appearance as the current one.
+@property BOOL needsDisplay;
+@property CGFloat alphaValue API_AVAILABLE(macos(10.5));
+@property BOOL wantsLayer API_AVAILABLE(macos(10.5));
+// There once the view wants one.
+@property(nullable, strong) CALayer* layer API_AVAILABLE(macos(10.5));
+@property(readonly) BOOL wantsUpdateLayer API_AVAILABLE(macos(10.8));
+- (void)updateLayer API_AVAILABLE(macos(10.8));
+- (void)viewDidChangeEffectiveAppearance API_AVAILABLE(macos(10.14));
+
+// The mouse. The point is in the coordinates of the superview.
+- (nullable NSView*)hitTest:(NSPoint)point;
+- (BOOL)acceptsFirstMouse:(nullable NSEvent*)event;
+// No for a view that is opaque, yes for any other.
+@property(readonly) BOOL mouseDownCanMoveWindow;
+- (void)addTrackingArea:(NSTrackingArea*)trackingArea API_AVAILABLE(macos(10.5));
+- (void)updateTrackingAreas API_AVAILABLE(macos(10.5));
+- (void)resetCursorRects;
+- (void)addCursorRect:(NSRect)rect cursor:(NSCursor*)object;
+
+@end
+
+// --- NSClipView -------------------------------------------------------------------------------
+
+// Flipped as its document is.
+@interface NSClipView : NSView
+@end
+
+// --- NSControl --------------------------------------------------------------------------------
+
+typedef NS_ENUM(NSUInteger, NSLineBreakMode) {
+  NSLineBreakByWordWrapping,
+  NSLineBreakByCharWrapping,
+  NSLineBreakByClipping,
+  NSLineBreakByTruncatingHead,
+  NSLineBreakByTruncatingTail,
+};
+
+@interface NSControl : NSView
+
+@property(nullable, weak) id target;
+@property(nullable) SEL action;
+@property(nullable, strong) NSFont* font;
+@property NSLineBreakMode lineBreakMode API_AVAILABLE(macos(10.10));
+@property BOOL usesSingleLineMode API_AVAILABLE(macos(10.10));
+@property(copy) NSString* stringValue;
+// Whether a text that is cut is shown whole while the mouse rests on it.
+@property BOOL allowsExpansionToolTips API_AVAILABLE(macos(10.8));
+@property(nullable, strong) __kindof NSCell* cell;
+- (void)performClick:(nullable id)sender;
+// Gives the mask that was before, as far as an NSInteger holds it.
+- (NSInteger)sendActionOn:(NSEventMask)mask;
+
+@end
+
+// --- NSButton ---------------------------------------------------------------------------------
+
+@interface NSButton : NSControl
+
+@property(nullable, strong) NSImage* image;
+
+@end
+
+// --- NSImageView ------------------------------------------------------------------------------
+
+typedef NS_ENUM(NSUInteger, NSImageScaling) {
+  NSImageScaleProportionallyDown = 0,
+  NSImageScaleAxesIndependently = 1,
+  NSImageScaleNone = 2,
+  NSImageScaleProportionallyUpOrDown = 3,
+};
+
+@interface NSImageView : NSControl
+
+@property(nullable, strong) NSImage* image;
+@property NSImageScaling imageScaling;
+// Counts for templates, which symbols are.
+@property(nullable, copy) NSColor* contentTintColor API_AVAILABLE(macos(10.14));
+@property(nullable, strong, readwrite)
+    NSImageSymbolConfiguration* symbolConfiguration API_AVAILABLE(macos(11.0));
+
+@end
+
+// --- NSScrollView -----------------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSScrollerStyle) {
+  NSScrollerStyleLegacy = 0,
+  NSScrollerStyleOverlay = 1,
+};
+
+@interface NSScrollView : NSView
+
+@property(nullable, strong) __kindof NSView* documentView;
+@property(strong) NSClipView* contentView;
+@property BOOL drawsBackground;
+@property BOOL hasVerticalScroller;
+@property BOOL autohidesScrollers;
+@property NSScrollerStyle scrollerStyle API_AVAILABLE(macos(10.7));
+
+@end
+
+// --- NSStackView ------------------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSStackViewDistribution) {
+  NSStackViewDistributionGravityAreas = -1,
+  NSStackViewDistributionFill = 0,
+} API_AVAILABLE(macos(10.11));
+
+static const CGFloat NSStackViewSpacingUseDefault API_AVAILABLE(macos(10.9)) = __FLT_MAX__;
+
+API_AVAILABLE(macos(10.9)) @interface NSStackView : NSView
+
+@property NSUserInterfaceLayoutOrientation orientation;
+@property NSLayoutAttribute alignment;
+@property NSEdgeInsets edgeInsets;
+// Gravity areas at first.
+@property NSStackViewDistribution distribution API_AVAILABLE(macos(10.11));
+@property CGFloat spacing;
+- (void)setCustomSpacing:(CGFloat)spacing afterView:(NSView*)view;
+@property(readonly, copy) NSArray<__kindof NSView*>* arrangedSubviews API_AVAILABLE(macos(10.11));
+- (void)addArrangedSubview:(NSView*)view API_AVAILABLE(macos(10.11));
+// The view stays a subview.
+- (void)removeArrangedSubview:(NSView*)view API_AVAILABLE(macos(10.11));
+- (void)setHuggingPriority:(NSLayoutPriority)priority
+            forOrientation:(NSLayoutConstraintOrientation)orientation;
+
+@end
+
+// --- NSStatusBarButton ------------------------------------------------------------------------
+
+API_AVAILABLE(macos(10.10)) @interface NSStatusBarButton : NSButton
+@end
+
+// --- NSTextField ------------------------------------------------------------------------------
+
+@interface NSTextField : NSControl
+
+@property(nullable, copy) NSColor* textColor;
+@property BOOL drawsBackground;
+@property(getter=isBordered) BOOL bordered;
+@property(getter=isBezeled) BOOL bezeled;
+@property(getter=isEditable) BOOL editable;
+@property(getter=isSelectable) BOOL selectable;
+@property CGFloat preferredMaxLayoutWidth API_AVAILABLE(macos(10.8));
+// 0 for as many as it needs.
+@property NSInteger maximumNumberOfLines API_AVAILABLE(macos(10.11));
+
+@end
+
+// --- NSVisualEffectView -----------------------------------------------------------------------
+
+typedef NS_ENUM(NSInteger, NSVisualEffectMaterial) {
+  NSVisualEffectMaterialPopover API_AVAILABLE(macos(10.11)) = 6,
+  NSVisualEffectMaterialUnderWindowBackground API_AVAILABLE(macos(10.14)) = 21,
+} API_AVAILABLE(macos(10.10));
+typedef NS_ENUM(NSInteger, NSVisualEffectBlendingMode) {
+  NSVisualEffectBlendingModeBehindWindow = 0,
+  NSVisualEffectBlendingModeWithinWindow = 1,
+} API_AVAILABLE(macos(10.10));
+typedef NS_ENUM(NSInteger, NSVisualEffectState) {
+  NSVisualEffectStateFollowsWindowActiveState = 0,
+  NSVisualEffectStateActive = 1,
+} API_AVAILABLE(macos(10.10));
+
+API_AVAILABLE(macos(10.10)) @interface NSVisualEffectView : NSView
+
+@property NSVisualEffectMaterial material;
+@property NSVisualEffectBlendingMode blendingMode;
+@property NSVisualEffectState state;
+// As the view that fills a window, also the shape of the window and its shadow.
+@property(nullable, retain) NSImage* maskImage;
+
+@end
+
+// --- NSWindow ---------------------------------------------------------------------------------
+
+typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
+  NSWindowStyleMaskBorderless = 0,
+  NSWindowStyleMaskTitled = 1 << 0,
+  NSWindowStyleMaskClosable = 1 << 1,
+  // Counts for a panel.
+  NSWindowStyleMaskNonactivatingPanel = 1 << 7,
+  NSWindowStyleMaskFullSizeContentView API_AVAILABLE(macos(10.10)) = 1 << 15,
+};
+typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
+  NSWindowCollectionBehaviorCanJoinAllSpaces = 1 << 0,
+  NSWindowCollectionBehaviorTransient API_AVAILABLE(macos(10.6)) = 1 << 3,
+  NSWindowCollectionBehaviorIgnoresCycle API_AVAILABLE(macos(10.6)) = 1 << 6,
+  NSWindowCollectionBehaviorFullScreenAuxiliary API_AVAILABLE(macos(10.7)) = 1 << 8,
+} API_AVAILABLE(macos(10.5));
+typedef NS_OPTIONS(NSUInteger, NSWindowOcclusionState) {
+  NSWindowOcclusionStateVisible = 1UL << 1,
+} API_AVAILABLE(macos(10.9));
+typedef NS_ENUM(NSUInteger, NSBackingStoreType) {
+  NSBackingStoreBuffered = 2,
+};
+typedef NS_ENUM(NSInteger, NSWindowTitleVisibility) {
+  NSWindowTitleVisible = 0,
+  NSWindowTitleHidden = 1,
+} API_AVAILABLE(macos(10.10));
+
+APPKIT_EXTERN NSNotificationName NSWindowDidChangeOcclusionStateNotification
+    API_AVAILABLE(macos(10.9));
+
+@interface NSWindow : NSResponder <NSAccessibility>
+
+// A window that is not deferred has a window of the window server, and so a number, at once.
+- (instancetype)initWithContentRect:(NSRect)contentRect
+                          styleMask:(NSWindowStyleMask)style
+                            backing:(NSBackingStoreType)backingStoreType
+                              defer:(BOOL)flag NS_DESIGNATED_INITIALIZER;
+- (nullable instancetype)initWithCoder:(NSCoder*)coder NS_UNAVAILABLE;
+
+// Not retained.
+@property(nullable, weak) id<NSWindowDelegate> delegate;
+@property(nullable, strong) __kindof NSView* contentView;
+// 0 or less while the window server has no window for it.
+@property(readonly) NSInteger windowNumber;
+@property(copy) NSString* title;
+@property NSWindowTitleVisibility titleVisibility API_AVAILABLE(macos(10.10));
+@property BOOL titlebarAppearsTransparent API_AVAILABLE(macos(10.10));
+@property(getter=isMovableByWindowBackground) BOOL movableByWindowBackground;
+@property(getter=isOpaque) BOOL opaque;
+@property(nullable, copy) NSColor* backgroundColor;
+@property BOOL hasShadow;
+- (void)invalidateShadow;
+@property NSWindowCollectionBehavior collectionBehavior API_AVAILABLE(macos(10.5));
+@property(readonly) NSWindowOcclusionState occlusionState API_AVAILABLE(macos(10.9));
+// Yes at first, also with ARC, which then lets go of a window once too often.
+@property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
+@property BOOL hidesOnDeactivate;
+
+@property(readonly) NSRect frame;
+@property(nullable, readonly, strong) NSScreen* screen;
+// Returns when the animation is over; the time that it takes is asked for below.
+- (void)setFrame:(NSRect)frameRect display:(BOOL)displayFlag animate:(BOOL)animateFlag;
+- (NSTimeInterval)animationResizeTime:(NSRect)newFrame;
+- (void)center;
+
+@property(getter=isVisible, readonly) BOOL visible;
+- (void)makeKeyAndOrderFront:(nullable id)sender;
+- (void)orderOut:(nullable id)sender;
+// Tells the delegate that it will close, and asks nobody; does so for a hidden window, too.
+- (void)close;
+@property(readonly) BOOL canBecomeKeyWindow;
+@property(readonly) BOOL canBecomeMainWindow;
+@property(readonly) NSPoint mouseLocationOutsideOfEventStream;
+
+@end
+
+@protocol NSWindowDelegate <NSObject>
+
+@optional
+- (void)windowDidResignKey:(NSNotification*)notification;
+- (void)windowWillClose:(NSNotification*)notification;
+
+@end
+
+// --- NSPanel ----------------------------------------------------------------------------------
+
+@interface NSPanel : NSWindow
+
+// Also sets the window's level.
+@property(getter=isFloatingPanel) BOOL floatingPanel;
+
+@end
+
+// --- NSWorkspace ------------------------------------------------------------------------------
+
+// Posted to the workspace's own notification centre.
+APPKIT_EXTERN NSNotificationName const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
+    API_AVAILABLE(macos(10.10));
+
+API_AVAILABLE(macos(10.15)) @interface NSWorkspaceOpenConfiguration : NSObject<NSCopying>
+
++ (instancetype)configuration;
+@property BOOL createsNewApplicationInstance;
+
+@end
+
+@interface NSWorkspace : NSObject
+
+@property(class, readonly, strong) NSWorkspace* sharedWorkspace;
+@property(readonly, strong) NSNotificationCenter* notificationCenter;
+@property(readonly) BOOL accessibilityDisplayShouldReduceMotion API_AVAILABLE(macos(10.12));
+@property(nullable, readonly, strong)
+    NSRunningApplication* frontmostApplication API_AVAILABLE(macos(10.7));
+- (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier
+    API_AVAILABLE(macos(10.6));
+// NO when nothing opens it. Any thread.
+- (BOOL)openURL:(NSURL*)url;
+// The handler is called once, on a concurrent queue of the system's; its application is nil when
+// the error is not.
+- (void)openApplicationAtURL:(NSURL*)applicationURL
+               configuration:(NSWorkspaceOpenConfiguration*)configuration
+           completionHandler:(nullable void (^)(NSRunningApplication* _Nullable app,
+                                                NSError* _Nullable error))completionHandler
+    API_AVAILABLE(macos(10.15));
+// Never nil: what is not there has the icon of a document. 32 points wide, with larger
+// representations.
+- (NSImage*)iconForFile:(NSString*)fullPath;
+
+@end
+
+NS_ASSUME_NONNULL_END
