@@ -26,7 +26,7 @@ PanelTest::PanelTest() : mouse_(desktop_.displayName()), windows_(desktop_.displ
 void PanelTest::startWithTray(const std::optional<std::string>& selection) {
   tray_.emplace(desktop_);
   startTalmo(selection);
-  ASSERT_TRUE(waitUntil([this] { return icon().has_value(); }, patience, pollInterval))
+  ASSERT_TRUE(waitForTalmoIcon(windows_, talmo_->process().pid()))
       << "no icon came into the tray: " << talmo_->log();
 }
 

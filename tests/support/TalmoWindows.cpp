@@ -1,8 +1,11 @@
 #include "tests/support/TalmoWindows.h"
 
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
 namespace {
@@ -26,6 +29,22 @@ std::optional<PixelArea> talmoIcon(ScreenWindows& windows, pid_t talmo) {
     if (isInTray(window) && window.area.height > 1) return window.area;
   }
   return std::nullopt;
+}
+
+bool waitForTalmoIcon(ScreenWindows& windows, pid_t talmo) {
+  constexpr auto patience = std::chrono::seconds(20);
+  constexpr auto pollInterval = std::chrono::milliseconds(20);
+  constexpr auto rest = std::chrono::milliseconds(300);
+  std::optional<PixelArea> last;
+  auto since = std::chrono::steady_clock::now();
+  return waitUntil(
+      [&] {
+        const std::optional<PixelArea> place = talmoIcon(windows, talmo);
+        if (place != last) since = std::chrono::steady_clock::now();
+        last = place;
+        return place && std::chrono::steady_clock::now() - since > rest;
+      },
+      patience, pollInterval);
 }
 
 std::optional<ScreenWindows::Window> talmoPanel(ScreenWindows& windows, pid_t talmo) {

@@ -11,6 +11,10 @@ namespace talmo::test {
 /// Where Talmo's icon in the tray is; nothing while it is not there.
 std::optional<PixelArea> talmoIcon(ScreenWindows& windows, pid_t talmo);
 
+/// Waits until the icon is in the tray and stays where it is: a tray moves its icons when one
+/// comes, and a click in between is nobody's. Whether that happened.
+bool waitForTalmoIcon(ScreenWindows& windows, pid_t talmo);
+
 /// The open panel, and the open menu of the icon or of the gear.
 std::optional<ScreenWindows::Window> talmoPanel(ScreenWindows& windows, pid_t talmo);
 std::optional<ScreenWindows::Window> talmoMenu(ScreenWindows& windows, pid_t talmo);

@@ -97,7 +97,7 @@ bool ShowDesktop::startTalmo(const std::string& selection) {
 bool ShowDesktop::startTalmo() {
   shown_ = 0;
   talmo_ = std::make_unique<TalmoProcess>(desktop_, talmoProgram);
-  return await([this] { return talmoIcon(windows_, talmo_->process().pid()).has_value(); });
+  return waitForTalmoIcon(windows_, talmo_->process().pid());
 }
 
 nlohmann::json ShowDesktop::settings() const {
