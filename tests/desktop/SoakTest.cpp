@@ -71,8 +71,9 @@ class Soak : public PanelTest {
     }
     startWithTray(target_);
     icon_ = icon().value();
-    // Keys repeat soon, so that one that is late to be let go repeats too.
-    keys_.setRepeat(60ms, 20ms);
+    // As on most desktops. The server repeats a key that it has seen for that long, also when it is
+    // the machine that is late; with a tenth of it keys are doubled on a busy one.
+    keys_.setRepeat(500ms, 30ms);
   }
 
   /// Presses about as many keys as `count`, and has something come or go in one of `every` presses.
@@ -185,7 +186,8 @@ void Soak::soak(std::size_t count, std::size_t every) {
   while (pressed_ < end) {
     pressMany(every);
     ASSERT_TRUE(settle()) << "after press " << pressed_ << " of the seed " << seed << ": "
-                          << summary();
+                          << summary() << '\n'
+                          << talmo_->log();
     doOneByOne();
     if (HasFatalFailure()) return;
   }
@@ -247,7 +249,7 @@ void Soak::killHelper() {
 
 /// What happens between keys, and is waited for.
 void Soak::doOneByOne() {
-  if (oneIn(60)) holdKey();
+  if (oneIn(150)) holdKey();
   if (oneIn(30)) typeLetter();
   if (oneIn(50)) endTarget();
   if (oneIn(80)) chooseAnother();
@@ -258,7 +260,7 @@ void Soak::holdKey() {
   keys_.press(key.keycode);
   ++pressed_;
   due_.push_back({isAutomatic() ? "" : target_, key.method});
-  EXPECT_FALSE(waitUntil([this] { return record_.commands().size() > due_.size(); }, 200ms, 20ms));
+  EXPECT_FALSE(waitUntil([this] { return record_.commands().size() > due_.size(); }, 700ms, 20ms));
   keys_.release(key.keycode);
   settle();
   ++counts_["keys held"];
