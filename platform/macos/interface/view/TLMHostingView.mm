@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/macos/interface/view/Metrics.h"
-#include "platform/macos/interface/view/Palette.h"
 #include "platform/macos/interface/view/PartFactory.h"
 #include "platform/macos/interface/view/PartKey.h"
 #include "platform/macos/interface/view/TLMButtonPart.h"
@@ -39,7 +38,6 @@ NSImage* makeGlassMask() {
 
 @implementation TLMHostingView {
   CGFloat _width;
-  NSVisualEffectView* _ground;
   NSView<TLMPart>* _root;
   talmo::PartKey _rootKey;
   talmo::Size _idealSize;
@@ -49,11 +47,7 @@ NSImage* makeGlassMask() {
   self = [super initWithFrame:NSMakeRect(0, 0, width, width)];
   if (self == nil) return nil;
   _width = width;
-  self.wantsLayer = YES;
-  _ground = [[NSVisualEffectView alloc] initWithFrame:self.bounds];
-  _ground.autoresizingMask = NSViewWidthSizable | NSViewHeightSizable;
-  _ground.blendingMode = NSVisualEffectBlendingModeBehindWindow;
-  [self addSubview:_ground];
+  self.blendingMode = NSVisualEffectBlendingModeBehindWindow;
   return self;
 }
 
@@ -83,47 +77,35 @@ NSImage* makeGlassMask() {
   return YES;
 }
 
-- (BOOL)wantsUpdateLayer {
+// Where nothing takes the press, also where the ground counts as opaque.
+- (BOOL)mouseDownCanMoveWindow {
   return YES;
-}
-
-- (void)updateLayer {
-  const BOOL isGlass = _rootKey.role == ViewRole::glass;
-  self.layer.cornerRadius = isGlass ? Metrics::glassRadius : 0;
-  self.layer.borderWidth = isGlass ? 1 / self.layer.contentsScale : 0;
-  self.layer.borderColor = talmo::colourOf(talmo::Ground::hairline).CGColor;
-}
-
-- (void)viewDidChangeEffectiveAppearance {
-  [super viewDidChangeEffectiveAppearance];
-  self.needsDisplay = YES;
 }
 
 /// The ground that a content of that role stands on.
 - (void)setRole:(ViewRole)role {
   const BOOL isGlass = role == ViewRole::glass;
-  _ground.material =
+  self.material =
       isGlass ? NSVisualEffectMaterialPopover : NSVisualEffectMaterialUnderWindowBackground;
   // A panel's application is hardly ever the active one.
-  _ground.state = isGlass ? NSVisualEffectStateActive : NSVisualEffectStateFollowsWindowActiveState;
-  _ground.maskImage = isGlass ? makeGlassMask() : nil;
-  self.needsDisplay = YES;
+  self.state = isGlass ? NSVisualEffectStateActive : NSVisualEffectStateFollowsWindowActiveState;
+  self.maskImage = isGlass ? makeGlassMask() : nil;
 }
 
 - (void)setRoot:(NSView<TLMPart>*)root {
   [_root removeFromSuperview];
   _root = root;
   root.translatesAutoresizingMaskIntoConstraints = NO;
-  [_ground addSubview:root];
+  [self addSubview:root];
   // A panel's content hangs from the upper edge while the panel changes its size.
   NSLayoutConstraint* const bottom =
       _rootKey.role == ViewRole::glass
-          ? [root.bottomAnchor constraintLessThanOrEqualToAnchor:_ground.bottomAnchor]
-          : [root.bottomAnchor constraintEqualToAnchor:_ground.bottomAnchor];
+          ? [root.bottomAnchor constraintLessThanOrEqualToAnchor:self.bottomAnchor]
+          : [root.bottomAnchor constraintEqualToAnchor:self.bottomAnchor];
   bottom.priority = inWindow;
   [NSLayoutConstraint activateConstraints:@[
-    [root.topAnchor constraintEqualToAnchor:_ground.topAnchor],
-    [root.leadingAnchor constraintEqualToAnchor:_ground.leadingAnchor],
+    [root.topAnchor constraintEqualToAnchor:self.topAnchor],
+    [root.leadingAnchor constraintEqualToAnchor:self.leadingAnchor],
     [root.widthAnchor constraintEqualToConstant:_width],
     bottom,
   ]];

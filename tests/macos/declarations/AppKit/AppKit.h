@@ -259,7 +259,7 @@ typedef NS_ENUM(NSInteger, NSImageResizingMode) {
 @interface NSImage : NSObject <NSCopying, NSCoding, NSSecureCoding>
 
 // Nil where there is none; shared by all who ask for the same name.
-+ (nullable __kindof NSImage*)imageNamed:(NSImageName)name;
++ (nullable NSImage*)imageNamed:(NSImageName)name;
 + (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
                           accessibilityDescription:(nullable NSString*)description
     API_AVAILABLE(macos(11.0));

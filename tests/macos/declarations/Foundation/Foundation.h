@@ -598,7 +598,6 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 // --- NSURLRequest -----------------------------------------------------------------------------
 
 typedef NS_ENUM(NSUInteger, NSURLRequestCachePolicy) {
-  NSURLRequestUseProtocolCachePolicy = 0,
   NSURLRequestReloadIgnoringLocalCacheData = 1,
 };
 
