@@ -108,9 +108,14 @@ CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef cf);
 // --- CFRunLoop --------------------------------------------------------------------------------
 
 CF_EXPORT const CFRunLoopMode kCFRunLoopCommonModes;
+CF_EXPORT const CFRunLoopMode kCFRunLoopDefaultMode;
 
 CF_EXPORT CFRunLoopRef CFRunLoopGetCurrent(void);
 CF_EXPORT void CFRunLoopRun(void);
+// An enumeration of 32 bits: why it returned.
+enum CFRunLoopRunResult : SInt32;
+CF_EXPORT CFRunLoopRunResult CFRunLoopRunInMode(CFRunLoopMode mode, CFTimeInterval seconds,
+                                                Boolean returnAfterSourceHandled);
 // Safe from other threads, as CFRunLoopWakeUp is. A stop before the loop runs is lost.
 CF_EXPORT void CFRunLoopStop(CFRunLoopRef rl);
 CF_EXPORT void CFRunLoopWakeUp(CFRunLoopRef rl);
