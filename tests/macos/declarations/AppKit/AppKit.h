@@ -47,7 +47,6 @@ static const NSLayoutPriority NSLayoutPriorityDefaultLow = 250;
 
 typedef NS_ENUM(NSInteger, NSLayoutConstraintOrientation) {
   NSLayoutConstraintOrientationHorizontal = 0,
-  NSLayoutConstraintOrientationVertical = 1,
 };
 // Another type than the one above, with the same numbers.
 typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutOrientation) {
@@ -55,7 +54,6 @@ typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutOrientation) {
   NSUserInterfaceLayoutOrientationVertical = 1,
 };
 typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutDirection) {
-  NSUserInterfaceLayoutDirectionLeftToRight = 0,
   NSUserInterfaceLayoutDirectionRightToLeft = 1,
 };
 
@@ -169,8 +167,14 @@ typedef NS_ENUM(short, NSEventSubtype) {
 // Always 64 bits wide, as it has a bit for each type.
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
   NSEventMaskLeftMouseDown = 1ULL << NSEventTypeLeftMouseDown,
+  NSEventMaskRightMouseDown = 1ULL << NSEventTypeRightMouseDown,
+  NSEventMaskRightMouseUp = 1ULL << NSEventTypeRightMouseUp,
+  NSEventMaskKeyDown = 1ULL << NSEventTypeKeyDown,
 };
 typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
+  NSEventModifierFlagShift = 1 << 17,
+  NSEventModifierFlagControl = 1 << 18,
+  NSEventModifierFlagOption = 1 << 19,
   NSEventModifierFlagCommand = 1 << 20,
 };
 
@@ -252,7 +256,6 @@ API_AVAILABLE(macos(10.11)) @interface NSHapticFeedbackManager : NSObject
 typedef NSString* NSImageHintKey NS_TYPED_ENUM;
 typedef NSString* NSImageName NS_TYPED_EXTENSIBLE_ENUM;
 typedef NS_ENUM(NSInteger, NSImageResizingMode) {
-  NSImageResizingModeTile = 0,
   NSImageResizingModeStretch = 1,
 };
 
@@ -586,11 +589,8 @@ typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
 // --- NSControl --------------------------------------------------------------------------------
 
 typedef NS_ENUM(NSUInteger, NSLineBreakMode) {
-  NSLineBreakByWordWrapping,
-  NSLineBreakByCharWrapping,
-  NSLineBreakByClipping,
-  NSLineBreakByTruncatingHead,
-  NSLineBreakByTruncatingTail,
+  NSLineBreakByWordWrapping = 0,
+  NSLineBreakByTruncatingTail = 4,
 };
 
 @interface NSControl : NSView
@@ -621,8 +621,6 @@ typedef NS_ENUM(NSUInteger, NSLineBreakMode) {
 // --- NSImageView ------------------------------------------------------------------------------
 
 typedef NS_ENUM(NSUInteger, NSImageScaling) {
-  NSImageScaleProportionallyDown = 0,
-  NSImageScaleAxesIndependently = 1,
   NSImageScaleNone = 2,
   NSImageScaleProportionallyUpOrDown = 3,
 };
@@ -641,7 +639,6 @@ typedef NS_ENUM(NSUInteger, NSImageScaling) {
 // --- NSScrollView -----------------------------------------------------------------------------
 
 typedef NS_ENUM(NSInteger, NSScrollerStyle) {
-  NSScrollerStyleLegacy = 0,
   NSScrollerStyleOverlay = 1,
 };
 
@@ -659,7 +656,6 @@ typedef NS_ENUM(NSInteger, NSScrollerStyle) {
 // --- NSStackView ------------------------------------------------------------------------------
 
 typedef NS_ENUM(NSInteger, NSStackViewDistribution) {
-  NSStackViewDistributionGravityAreas = -1,
   NSStackViewDistributionFill = 0,
 } API_AVAILABLE(macos(10.11));
 
@@ -712,7 +708,6 @@ typedef NS_ENUM(NSInteger, NSVisualEffectMaterial) {
 } API_AVAILABLE(macos(10.10));
 typedef NS_ENUM(NSInteger, NSVisualEffectBlendingMode) {
   NSVisualEffectBlendingModeBehindWindow = 0,
-  NSVisualEffectBlendingModeWithinWindow = 1,
 } API_AVAILABLE(macos(10.10));
 typedef NS_ENUM(NSInteger, NSVisualEffectState) {
   NSVisualEffectStateFollowsWindowActiveState = 0,
