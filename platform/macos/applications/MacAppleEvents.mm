@@ -23,8 +23,9 @@ std::optional<std::int32_t> MacAppleEvents::determinePermission(const std::strin
 
 std::unique_ptr<ScriptingObject> MacAppleEvents::application(const std::string& bundleID) {
   if (bundleID.empty()) return nullptr;
+  // An object of the caller's own: queues that poll and queues that send have each their errors.
   SBApplication* const application =
-      [SBApplication applicationWithBundleIdentifier:toNSString(bundleID)];
+      [[SBApplication alloc] initWithBundleIdentifier:toNSString(bundleID)];
   if (application == nil) return nullptr;
   return std::make_unique<MacScriptingObject>(application, application);
 }

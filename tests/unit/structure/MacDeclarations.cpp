@@ -129,7 +129,8 @@ class Search {
   }
 
   static bool isSource(const std::string& path) {
-    return path.starts_with("platform/macos/") || path.starts_with("adapter/macos/");
+    return path.starts_with("platform/macos/") || path.starts_with("adapter/macos/") ||
+           (path.starts_with("tests/macos/") && !isDeclaration(path));
   }
 
   static bool isDeclaration(const std::string& path) {

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/structure/MacDeclarations.h"
+#include "tests/unit/structure/ThisTree.h"
+
 namespace talmo::test {
 namespace {
 
@@ -14,6 +16,10 @@ using testing::IsEmpty;
 std::vector<std::string> unusedOf(const std::string& declarations, const std::string& source) {
   return unusedDeclarations(
       {{"tests/macos/declarations/Kit/Kit.h", declarations}, {"platform/macos/Source.mm", source}});
+}
+
+TEST(MacDeclarations, OfThisTreeAreAllInUse) {
+  EXPECT_THAT(unusedDeclarations(thisTree()), IsEmpty());
 }
 
 TEST(MacDeclarations, FindsAnUnusedFunctionAndConstant) {

@@ -25,47 +25,27 @@
 #define CF_ENUM(type, name)                                        \
   enum __attribute__((enum_extensibility(open))) name : type name; \
   enum name : type
-#define CF_CLOSED_ENUM(type, name)                                   \
-  enum __attribute__((enum_extensibility(closed))) name : type name; \
-  enum name : type
 #define CF_OPTIONS(type, name) \
   type name;                   \
   enum __attribute__((flag_enum, enum_extensibility(open))) : type
 
 // Documented in "Number Types"; none is as wide as an NSInteger but the index.
 typedef unsigned char Boolean;
-typedef uint8_t UInt8;
-typedef int8_t SInt8;
-typedef uint16_t UInt16;
-typedef int16_t SInt16;
 typedef unsigned int UInt32;
 typedef signed int SInt32;
-typedef long long SInt64;
-typedef unsigned long long UInt64;
-typedef float Float32;
-typedef double Float64;
-typedef UInt16 UniChar;
 typedef SInt32 OSStatus;
 typedef UInt32 FourCharCode;
 typedef FourCharCode OSType;
 
 typedef unsigned long CFTypeID;
-typedef unsigned long CFOptionFlags;
 typedef unsigned long CFHashCode;
 typedef long CFIndex;
 typedef double CFTimeInterval;
-typedef CFTimeInterval CFAbsoluteTime;
 
 typedef const CF_BRIDGED_TYPE(id) void* CFTypeRef;
 typedef const struct CF_BRIDGED_TYPE(NSString) __CFString* CFStringRef;
-typedef struct CF_BRIDGED_MUTABLE_TYPE(NSMutableString) __CFString* CFMutableStringRef;
-typedef const struct CF_BRIDGED_TYPE(NSArray) __CFArray* CFArrayRef;
 typedef const struct CF_BRIDGED_TYPE(NSDictionary) __CFDictionary* CFDictionaryRef;
 typedef const struct CF_BRIDGED_TYPE(NSData) __CFData* CFDataRef;
-typedef const struct CF_BRIDGED_TYPE(NSNumber) __CFBoolean* CFBooleanRef;
-typedef const struct CF_BRIDGED_TYPE(NSNumber) __CFNumber* CFNumberRef;
-typedef const struct CF_BRIDGED_TYPE(NSURL) __CFURL* CFURLRef;
-typedef struct CF_BRIDGED_TYPE(NSError) __CFError* CFErrorRef;
 typedef const struct CF_BRIDGED_TYPE(id) __CFAllocator* CFAllocatorRef;
 // The two are not toll-free bridged to NSRunLoop and NSMachPort as types: neither says so.
 typedef struct CF_BRIDGED_MUTABLE_TYPE(id) __CFRunLoop* CFRunLoopRef;
@@ -73,13 +53,6 @@ typedef struct CF_BRIDGED_MUTABLE_TYPE(id) __CFRunLoopSource* CFRunLoopSourceRef
 typedef struct CF_BRIDGED_MUTABLE_TYPE(NSMachPort) __CFMachPort* CFMachPortRef;
 
 typedef CFStringRef CFRunLoopMode;
-// Documented in "CFRunLoopRunResult".
-typedef CF_ENUM(SInt32, CFRunLoopRunResult) {
-  kCFRunLoopRunFinished = 1,
-  kCFRunLoopRunStopped = 2,
-  kCFRunLoopRunTimedOut = 3,
-  kCFRunLoopRunHandledSource = 4,
-};
 
 // Documented in "CFRunLoopSourceContext", of version 0; what is null is not called.
 typedef struct {
@@ -126,8 +99,6 @@ CF_ASSUME_NONNULL_BEGIN
 CF_IMPLICIT_BRIDGING_ENABLED
 
 CF_EXPORT const CFAllocatorRef kCFAllocatorDefault;
-CF_EXPORT const CFBooleanRef kCFBooleanTrue;
-CF_EXPORT const CFBooleanRef kCFBooleanFalse;
 
 // Null is an error that ends the process, for both.
 CF_EXPORT CFTypeRef CFRetain(CFTypeRef cf);
@@ -136,19 +107,13 @@ CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef cf);
 
 // --- CFRunLoop --------------------------------------------------------------------------------
 
-CF_EXPORT const CFRunLoopMode kCFRunLoopDefaultMode;
 CF_EXPORT const CFRunLoopMode kCFRunLoopCommonModes;
 
 CF_EXPORT CFRunLoopRef CFRunLoopGetCurrent(void);
-CF_EXPORT CFRunLoopRef CFRunLoopGetMain(void);
 CF_EXPORT void CFRunLoopRun(void);
-CF_EXPORT CFRunLoopRunResult CFRunLoopRunInMode(CFRunLoopMode mode, CFTimeInterval seconds,
-                                                Boolean returnAfterSourceHandled);
 // Safe from other threads, as CFRunLoopWakeUp is. A stop before the loop runs is lost.
 CF_EXPORT void CFRunLoopStop(CFRunLoopRef rl);
 CF_EXPORT void CFRunLoopWakeUp(CFRunLoopRef rl);
-CF_EXPORT Boolean CFRunLoopContainsSource(CFRunLoopRef rl, CFRunLoopSourceRef source,
-                                          CFRunLoopMode mode);
 CF_EXPORT void CFRunLoopAddSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode);
 CF_EXPORT void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source,
                                      CFRunLoopMode mode);
@@ -166,7 +131,6 @@ CF_EXPORT CFRunLoopSourceRef CFRunLoopSourceCreate(CFAllocatorRef _Nullable allo
 CF_EXPORT CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef _Nullable allocator,
                                                            CFMachPortRef port, CFIndex order);
 CF_EXPORT void CFMachPortInvalidate(CFMachPortRef port);
-CF_EXPORT Boolean CFMachPortIsValid(CFMachPortRef port);
 
 CF_IMPLICIT_BRIDGING_DISABLED
 CF_ASSUME_NONNULL_END

@@ -13,13 +13,10 @@
 #define FOUNDATION_EXPORT extern "C"
 #define NS_INLINE static inline
 #define NS_ENUM CF_ENUM
-#define NS_CLOSED_ENUM CF_CLOSED_ENUM
 #define NS_OPTIONS CF_OPTIONS
-#define NS_ERROR_ENUM(domain, name) NS_ENUM(NSInteger, name)
 #define NS_TYPED_ENUM
 #define NS_VALID_UNTIL_END_OF_SCOPE __attribute__((objc_precise_lifetime))
 #define NS_TYPED_EXTENSIBLE_ENUM
-#define NS_FORMAT_FUNCTION(F, A) __attribute__((format(__NSString__, F, A)))
 
 @class NSArray<__covariant ObjectType>;
 @class NSBundle;
@@ -59,9 +56,6 @@ typedef NSString* NSRunLoopMode NS_TYPED_EXTENSIBLE_ENUM;
 // Nil only for no name; a selector is made of any other.
 FOUNDATION_EXPORT SEL NSSelectorFromString(NSString* aSelectorName);
 
-// Documented in "Foundation Constants": the largest NSInteger.
-static const NSInteger NSNotFound = NSIntegerMax;
-
 // Documented in "NSQualityOfService": the same numbers as the qos_class_t of the same names.
 typedef NS_ENUM(NSInteger, NSQualityOfService) {
   NSQualityOfServiceUserInteractive = 0x21,
@@ -75,9 +69,6 @@ typedef struct _NSRange {
   NSUInteger location;
   NSUInteger length;
 } NSRange;
-NS_INLINE NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
-  return {location, length};
-}
 
 FOUNDATION_EXPORT const NSRect NSZeroRect;
 
@@ -135,9 +126,6 @@ typedef struct {
 NS_INLINE id _Nullable CFBridgingRelease(CFTypeRef CF_CONSUMED _Nullable X) {
   return (__bridge_transfer id)X;
 }
-NS_INLINE CF_RETURNS_RETAINED CFTypeRef _Nullable CFBridgingRetain(id _Nullable X) {
-  return (__bridge_retained CFTypeRef)X;
-}
 
 // Nil when no image that is loaded has a class of that name.
 FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
@@ -165,16 +153,11 @@ FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
     : NSObject <NSCopying, NSMutableCopying, NSSecureCoding, NSFastEnumeration>
 
 @property(readonly) NSUInteger count;
-// Raises for an index beyond the end.
-- (ObjectType)objectAtIndex:(NSUInteger)index;
 - (ObjectType)objectAtIndexedSubscript:(NSUInteger)idx API_AVAILABLE(macos(10.8));
 + (instancetype)array;
 + (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nullable])objects
                            count:(NSUInteger)cnt;
-- (BOOL)containsObject:(ObjectType)anObject;
 @property(nullable, nonatomic, readonly) ObjectType firstObject API_AVAILABLE(macos(10.6));
-@property(nullable, nonatomic, readonly) ObjectType lastObject;
-- (NSString*)componentsJoinedByString:(NSString*)separator;
 
 @end
 
@@ -182,8 +165,6 @@ FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
 
 + (instancetype)arrayWithCapacity:(NSUInteger)numItems;
 - (void)addObject:(ObjectType)anObject;
-- (void)removeObject:(ObjectType)anObject;
-- (void)removeAllObjects;
 
 @end
 
@@ -192,18 +173,11 @@ FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
 @interface NSBundle : NSObject
 
 @property(class, readonly, strong) NSBundle* mainBundle;
-+ (nullable instancetype)bundleWithURL:(NSURL*)url API_AVAILABLE(macos(10.6));
 @property(readonly, copy) NSURL* bundleURL API_AVAILABLE(macos(10.6));
-@property(readonly, copy) NSString* bundlePath;
-@property(nullable, readonly, copy) NSURL* resourceURL API_AVAILABLE(macos(10.6));
 @property(nullable, readonly, copy) NSString* resourcePath;
 @property(nullable, readonly, copy) NSString* privateFrameworksPath;
-@property(nullable, readonly, copy) NSURL* privateFrameworksURL API_AVAILABLE(macos(10.6));
-- (nullable NSURL*)URLForResource:(nullable NSString*)name
-                    withExtension:(nullable NSString*)ext API_AVAILABLE(macos(10.6));
 - (nullable NSString*)pathForResource:(nullable NSString*)name ofType:(nullable NSString*)ext;
 @property(nullable, readonly, copy) NSString* bundleIdentifier;
-@property(nullable, readonly, copy) NSDictionary<NSString*, id>* infoDictionary;
 - (nullable id)objectForInfoDictionaryKey:(NSString*)key;
 
 @end
@@ -219,9 +193,6 @@ FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
 + (instancetype)data;
 // Copies the bytes.
 + (instancetype)dataWithBytes:(nullable const void*)bytes length:(NSUInteger)length;
-// Does not copy; with freeWhenDone NO the bytes must outlive the data.
-+ (instancetype)dataWithBytesNoCopy:(void*)bytes length:(NSUInteger)length freeWhenDone:(BOOL)b;
-+ (nullable instancetype)dataWithContentsOfURL:(NSURL*)url;
 
 @end
 
@@ -229,16 +200,9 @@ FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
 
 @interface NSDate : NSObject <NSCopying, NSSecureCoding>
 
-// Seconds since the first of January 2001, UTC.
-@property(readonly) NSTimeInterval timeIntervalSinceReferenceDate;
 @property(readonly) NSTimeInterval timeIntervalSince1970;
 // Negative for the past.
 @property(readonly) NSTimeInterval timeIntervalSinceNow;
-+ (instancetype)date;
-+ (instancetype)dateWithTimeIntervalSinceNow:(NSTimeInterval)secs;
-+ (instancetype)dateWithTimeIntervalSinceReferenceDate:(NSTimeInterval)ti;
-+ (instancetype)dateWithTimeIntervalSince1970:(NSTimeInterval)secs;
-@property(class, readonly, copy) NSDate* distantFuture;
 
 @end
 
@@ -254,25 +218,12 @@ FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* aClassName);
 + (instancetype)dictionaryWithObjects:(const ObjectType _Nonnull[_Nullable])objects
                               forKeys:(const KeyType<NSCopying> _Nonnull[_Nullable])keys
                                 count:(NSUInteger)cnt;
-@property(readonly, copy) NSArray<KeyType>* allKeys;
-
-@end
-
-@interface NSMutableDictionary<KeyType, ObjectType> : NSDictionary <KeyType, ObjectType>
-
-- (void)removeObjectForKey:(KeyType)aKey;
-- (void)setObject:(ObjectType)anObject forKey:(KeyType<NSCopying>)aKey;
-- (void)setObject:(nullable ObjectType)obj
-    forKeyedSubscript:(KeyType<NSCopying>)key API_AVAILABLE(macos(10.8));
 
 @end
 
 // --- NSError ----------------------------------------------------------------------------------
 
 FOUNDATION_EXPORT NSErrorDomain const NSCocoaErrorDomain;
-FOUNDATION_EXPORT NSErrorDomain const NSPOSIXErrorDomain;
-FOUNDATION_EXPORT NSErrorDomain const NSOSStatusErrorDomain;
-FOUNDATION_EXPORT NSErrorUserInfoKey const NSLocalizedDescriptionKey;
 
 // A method that has NSError** as its last parameter fails by its result, never by the error alone
 // ("Error Handling Programming Guide"); the error may be left as it was.
@@ -281,7 +232,6 @@ FOUNDATION_EXPORT NSErrorUserInfoKey const NSLocalizedDescriptionKey;
 + (instancetype)errorWithDomain:(NSErrorDomain)domain
                            code:(NSInteger)code
                        userInfo:(nullable NSDictionary<NSErrorUserInfoKey, id>*)dict;
-@property(readonly, copy) NSErrorDomain domain;
 @property(readonly) NSInteger code;
 @property(readonly, copy) NSDictionary<NSErrorUserInfoKey, id>* userInfo;
 @property(readonly, copy) NSString* localizedDescription;
@@ -311,15 +261,9 @@ typedef NSString* NSExceptionName NS_TYPED_EXTENSIBLE_ENUM;
 // Empty at the end of the file; raises for a descriptor that fails.
 @property(readonly, copy) NSData* availableData;
 @property(class, readonly, strong) NSFileHandle* fileHandleWithNullDevice;
-- (instancetype)initWithFileDescriptor:(int)fd
-                        closeOnDealloc:(BOOL)closeopt NS_DESIGNATED_INITIALIZER;
 - (nullable instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
-@property(readonly) int fileDescriptor;
 // Nil at failure; empty at the end.
 - (nullable NSData*)readDataToEndOfFileAndReturnError:(out NSError* _Nullable* _Nullable)error
-    API_AVAILABLE(macos(10.15));
-- (nullable NSData*)readDataUpToLength:(NSUInteger)length
-                                 error:(out NSError* _Nullable* _Nullable)error
     API_AVAILABLE(macos(10.15));
 - (BOOL)closeAndReturnError:(out NSError* _Nullable* _Nullable)error API_AVAILABLE(macos(10.15));
 // Called on a queue of the system's own; again and again with empty data at the end of the file,
@@ -330,22 +274,10 @@ typedef NSString* NSExceptionName NS_TYPED_EXTENSIBLE_ENUM;
 
 // --- NSFileManager ----------------------------------------------------------------------------
 
-typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) {
-  NSLibraryDirectory = 5,
-  NSCachesDirectory = 13,
-  NSApplicationSupportDirectory = 14,
-};
-typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
-  NSUserDomainMask = 1,
-};
-
 @interface NSFileManager : NSObject
 
 @property(class, readonly, strong) NSFileManager* defaultManager;
 - (BOOL)fileExistsAtPath:(NSString*)path;
-- (BOOL)isExecutableFileAtPath:(NSString*)path;
-- (NSArray<NSURL*>*)URLsForDirectory:(NSSearchPathDirectory)directory
-                           inDomains:(NSSearchPathDomainMask)domainMask API_AVAILABLE(macos(10.6));
 
 @end
 
@@ -363,8 +295,6 @@ typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
 @end
 
 // --- NSMetadataItem ---------------------------------------------------------------------------
-
-FOUNDATION_EXPORT NSString* const NSMetadataItemLastUsedDateKey API_AVAILABLE(macos(10.9));
 
 API_AVAILABLE(macos(10.4)) @interface NSMetadataItem : NSObject
 
@@ -425,25 +355,12 @@ API_AVAILABLE(macos(10.4)) @interface NSMetadataItem : NSObject
 
 // --- NSDistributedNotificationCenter ----------------------------------------------------------
 
-typedef NSString* NSDistributedNotificationCenterType NS_TYPED_EXTENSIBLE_ENUM;
-typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
-  NSNotificationSuspensionBehaviorDrop = 1,
-  NSNotificationSuspensionBehaviorCoalesce = 2,
-  NSNotificationSuspensionBehaviorHold = 3,
-  NSNotificationSuspensionBehaviorDeliverImmediately = 4,
-};
-
 // Delivers on the main thread, in the common modes of its run loop; while the application is not
 // active it holds back what is not to be delivered immediately ("suspended"). The object is a
 // string. Safe on any thread ("Threading Programming Guide").
 @interface NSDistributedNotificationCenter : NSNotificationCenter
 
 + (NSDistributedNotificationCenter*)defaultCenter;
-- (void)addObserver:(id)observer
-              selector:(SEL)selector
-                  name:(nullable NSNotificationName)name
-                object:(nullable NSString*)object
-    suspensionBehavior:(NSNotificationSuspensionBehavior)suspensionBehavior;
 - (void)addObserver:(id)observer
            selector:(SEL)aSelector
                name:(nullable NSNotificationName)aName
@@ -467,25 +384,14 @@ typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
 
 @interface NSValue : NSObject <NSCopying, NSSecureCoding>
 
-// The encoding of a type; "c" or "B" for a BOOL.
-@property(readonly) const char* objCType NS_RETURNS_INNER_POINTER;
-
 @end
 
 @interface NSNumber : NSValue
 
-@property(readonly) char charValue;
-@property(readonly) int intValue;
 @property(readonly) unsigned int unsignedIntValue;
-@property(readonly) long long longLongValue;
-@property(readonly) unsigned long long unsignedLongLongValue;
-@property(readonly) float floatValue;
 @property(readonly) double doubleValue;
-@property(readonly) BOOL boolValue;
 @property(readonly) NSInteger integerValue API_AVAILABLE(macos(10.5));
-@property(readonly) NSUInteger unsignedIntegerValue API_AVAILABLE(macos(10.5));
 @property(readonly, copy) NSString* stringValue;
-- (BOOL)isEqualToNumber:(NSNumber*)number;
 
 // What the @-literals call.
 + (NSNumber*)numberWithChar:(char)value;
@@ -523,7 +429,6 @@ API_AVAILABLE(macos(10.5)) @interface NSOperationQueue : NSObject
 @property(class, readonly, strong) NSOperationQueue* mainQueue API_AVAILABLE(macos(10.6));
 @property NSInteger maxConcurrentOperationCount;
 @property(nullable, copy) NSString* name API_AVAILABLE(macos(10.6));
-@property(nullable, assign) dispatch_queue_t underlyingQueue API_AVAILABLE(macos(10.10));
 - (void)addOperationWithBlock:(void (^)(void))block API_AVAILABLE(macos(10.6));
 - (void)addOperations:(NSArray<NSOperation*>*)ops
     waitUntilFinished:(BOOL)wait API_AVAILABLE(macos(10.6));
@@ -542,29 +447,17 @@ API_AVAILABLE(macos(10.5)) @interface NSOperationQueue : NSObject
 
 // --- NSProcessInfo ----------------------------------------------------------------------------
 
-typedef struct {
-  NSInteger majorVersion;
-  NSInteger minorVersion;
-  NSInteger patchVersion;
-} NSOperatingSystemVersion;
-
 @interface NSProcessInfo : NSObject
 
 @property(class, readonly, strong) NSProcessInfo* processInfo;
 @property(readonly, copy) NSDictionary<NSString*, NSString*>* environment;
 @property(readonly, copy) NSArray<NSString*>* arguments;
 @property(readonly) int processIdentifier;
-@property(readonly) NSUInteger activeProcessorCount API_AVAILABLE(macos(10.6));
-// Seconds since the start of the machine; stands while it sleeps.
-@property(readonly) NSTimeInterval systemUptime API_AVAILABLE(macos(10.6));
-- (BOOL)isOperatingSystemAtLeastVersion:(NSOperatingSystemVersion)version
-    API_AVAILABLE(macos(10.10));
 
 @end
 
 // --- NSRunLoop --------------------------------------------------------------------------------
 
-FOUNDATION_EXPORT NSRunLoopMode const NSDefaultRunLoopMode;
 FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(10.5));
 
 // Not safe on other threads than its own ("NSRunLoop"), other than CFRunLoop.
@@ -572,11 +465,8 @@ FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(1
 
 @property(class, readonly, strong) NSRunLoop* currentRunLoop;
 @property(class, readonly, strong) NSRunLoop* mainRunLoop API_AVAILABLE(macos(10.5));
-// Not nullable for a loop that runs, by the documentation; may be nil otherwise.
-- (CFRunLoopRef)getCFRunLoop CF_RETURNS_NOT_RETAINED;
 // The loop keeps the timer until it is invalidated.
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode;
-- (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limitDate;
 // Safe on any thread; the block runs on the loop's own, and is copied.
 - (void)performInModes:(NSArray<NSRunLoopMode>*)modes
                  block:(NS_SWIFT_SENDABLE void (^)(void))block API_AVAILABLE(macos(10.12));
@@ -589,7 +479,6 @@ FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(1
     : NSObject <NSCopying, NSMutableCopying, NSSecureCoding, NSFastEnumeration>
 
 @property(readonly) NSUInteger count;
-- (BOOL)containsObject:(ObjectType)anObject;
 
 @end
 
@@ -600,22 +489,12 @@ enum : NSStringEncoding {
   NSASCIIStringEncoding = 1,
   NSUTF8StringEncoding = 4,
 };
-typedef unsigned short unichar;
-
-typedef NS_OPTIONS(NSUInteger, NSStringEncodingConversionOptions) {
-  NSStringEncodingConversionAllowLossy = 1,
-  NSStringEncodingConversionExternalRepresentation = 2,
-};
 
 @interface NSString : NSObject <NSCopying, NSMutableCopying, NSSecureCoding>
 
 // In UTF-16 units.
 @property(readonly) NSUInteger length;
-- (unichar)characterAtIndex:(NSUInteger)index;
 + (instancetype)string;
-// Nil for bytes that are not UTF-8.
-+ (nullable instancetype)stringWithUTF8String:(const char*)nullTerminatedCString;
-+ (instancetype)stringWithFormat:(NSString*)format, ... NS_FORMAT_FUNCTION(1, 2);
 - (nullable instancetype)initWithBytes:(const void*)bytes
                                 length:(NSUInteger)len
                               encoding:(NSStringEncoding)encoding;
@@ -625,25 +504,9 @@ typedef NS_OPTIONS(NSUInteger, NSStringEncodingConversionOptions) {
 // Nil where the text cannot be written so and nothing may be lost.
 - (nullable NSData*)dataUsingEncoding:(NSStringEncoding)encoding allowLossyConversion:(BOOL)lossy;
 - (nullable NSData*)dataUsingEncoding:(NSStringEncoding)encoding;
-- (NSUInteger)lengthOfBytesUsingEncoding:(NSStringEncoding)enc;
 - (BOOL)isEqualToString:(NSString*)aString;
-- (BOOL)hasPrefix:(NSString*)str;
-- (BOOL)hasSuffix:(NSString*)str;
-- (NSString*)stringByAppendingString:(NSString*)aString;
-- (NSString*)stringByAppendingPathComponent:(NSString*)str;
-@property(readonly, copy) NSString* lastPathComponent;
-@property(readonly, copy) NSString* stringByDeletingLastPathComponent;
-@property(readonly, copy) NSString* stringByExpandingTildeInPath;
-@property(readonly) const char* fileSystemRepresentation NS_RETURNS_INNER_POINTER;
 @property(readonly) double doubleValue;
-@property(readonly) int intValue;
 @property(readonly) NSInteger integerValue API_AVAILABLE(macos(10.5));
-
-@end
-
-@interface NSMutableString : NSString
-
-- (void)appendString:(NSString*)aString;
 
 @end
 
@@ -661,14 +524,12 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 @property(nullable, copy) NSArray<NSString*>* arguments;
 // Nil means this process's own.
 @property(nullable, copy) NSDictionary<NSString*, NSString*>* environment;
-@property(nullable, copy) NSURL* currentDirectoryURL API_AVAILABLE(macos(10.13));
 // A pipe or a file handle. Nil means this process's own.
 @property(nullable, retain) id standardInput;
 @property(nullable, retain) id standardOutput;
 @property(nullable, retain) id standardError;
 // Raises instead when this task was launched before.
 - (BOOL)launchAndReturnError:(out NSError* _Nullable* _Nullable)error API_AVAILABLE(macos(10.13));
-- (void)interrupt;
 // Does nothing to a task that has ended; raises for one that was not launched.
 - (void)terminate;
 @property(readonly) int processIdentifier;
@@ -687,14 +548,11 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 
 @interface NSThread : NSObject
 
-@property(class, readonly, strong) NSThread* currentThread;
 @property(class, readonly) BOOL isMainThread API_AVAILABLE(macos(10.5));
-@property(class, readonly, strong) NSThread* mainThread API_AVAILABLE(macos(10.5));
 // Becomes the name that a debugger shows only when it is set before the thread starts, or on it.
 @property(nullable, copy) NSString* name API_AVAILABLE(macos(10.5));
 // Cannot be changed once the thread has started.
 @property NSQualityOfService qualityOfService API_AVAILABLE(macos(10.10));
-@property NSUInteger stackSize API_AVAILABLE(macos(10.5));
 - (instancetype)init NS_DESIGNATED_INITIALIZER API_AVAILABLE(macos(10.5));
 - (instancetype)initWithBlock:(void (^)(void))block API_AVAILABLE(macos(10.12));
 - (void)start API_AVAILABLE(macos(10.5));
@@ -730,20 +588,16 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 + (nullable instancetype)URLWithString:(NSString*)URLString
              encodingInvalidCharacters:(BOOL)encodingInvalidCharacters API_AVAILABLE(macos(14.0));
 @property(nullable, readonly, copy) NSString* absoluteString;
-@property(nullable, readonly, copy) NSString* scheme;
-@property(nullable, readonly, copy) NSString* host;
 @property(nullable, readonly, copy) NSString* path;
 @property(readonly, getter=isFileURL) BOOL fileURL;
 // File URLs only; looks at the file system.
 - (BOOL)checkResourceIsReachableAndReturnError:(NSError**)error API_AVAILABLE(macos(10.6));
-- (nullable NSURL*)URLByAppendingPathComponent:(NSString*)pathComponent API_AVAILABLE(macos(10.6));
 
 @end
 
 // --- NSURLRequest -----------------------------------------------------------------------------
 
 typedef NS_ENUM(NSUInteger, NSURLRequestCachePolicy) {
-  NSURLRequestUseProtocolCachePolicy = 0,
   NSURLRequestReloadIgnoringLocalCacheData = 1,
 };
 
@@ -846,8 +700,6 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSession : NSObject
 @interface NSUserDefaults : NSObject
 
 @property(class, readonly, strong) NSUserDefaults* standardUserDefaults;
-- (nullable instancetype)initWithSuiteName:(nullable NSString*)suitename
-    API_AVAILABLE(macos(10.9))NS_DESIGNATED_INITIALIZER;
 - (nullable id)objectForKey:(NSString*)defaultName;
 // Raises for what is no property list.
 - (void)setObject:(nullable id)value forKey:(NSString*)defaultName;
@@ -856,9 +708,6 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSession : NSObject
 // No for a key that is not there; reads numbers and the texts of yes and no too.
 - (BOOL)boolForKey:(NSString*)defaultName;
 - (void)setBool:(BOOL)value forKey:(NSString*)defaultName;
-// Lasts until the process ends.
-- (void)registerDefaults:(NSDictionary<NSString*, id>*)registrationDictionary;
-- (BOOL)synchronize;
 
 @end
 

@@ -27,7 +27,7 @@ API_AVAILABLE(macos(10.5)) @interface SBObject : NSObject<NSCoding>
 API_AVAILABLE(macos(10.5)) @interface SBApplication : SBObject<NSCoding>
 
 // Nil for an application that is not found or has no scripting dictionary.
-+ (nullable __kindof SBApplication*)applicationWithBundleIdentifier:(NSString*)ident;
+- (nullable instancetype)initWithBundleIdentifier:(NSString*)ident;
 @property(readonly, getter=isRunning) BOOL running;
 // In ticks, sixty to the second; a long, not an NSTimeInterval.
 @property long timeout;

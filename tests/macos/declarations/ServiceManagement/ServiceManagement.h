@@ -5,12 +5,11 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-// Documented in "SMAppService.Status". RequiresApproval: registered, and switched off by the person
-// in the system's settings. NotFound also stands for an application that never was registered.
+// Documented in "SMAppService.Status". 2 is RequiresApproval: registered, and switched off by the
+// person in the system's settings. NotFound also stands for what never was registered.
 typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
   SMAppServiceStatusNotRegistered = 0,
   SMAppServiceStatusEnabled = 1,
-  SMAppServiceStatusRequiresApproval = 2,
   SMAppServiceStatusNotFound = 3,
 } API_AVAILABLE(macos(13.0));
 

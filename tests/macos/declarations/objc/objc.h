@@ -20,7 +20,3 @@ typedef signed char BOOL;
 #ifndef Nil
 #define Nil nullptr
 #endif
-
-#define OBJC_EXPORT extern "C"
-
-typedef struct objc_object* objc_objectptr_t;
