@@ -20,6 +20,7 @@ class MacPanelsWorld : public MacInterfaceWorld<PanelsWorld> {
   Panels& panels() override { return panels_; }
 
   void pressEscape() override {
+    awaitKeys();
     NSWindow* const window = NSApp.keyWindow;
     NSEvent* const event = [NSEvent keyEventWithType:NSEventTypeKeyDown location:NSMakePoint(0, 0)
                                        modifierFlags:0
@@ -35,11 +36,17 @@ class MacPanelsWorld : public MacInterfaceWorld<PanelsWorld> {
 
   /// A window of this process, too: to a panel it is the same.
   void takeKeysAway() override {
+    awaitKeys();
     other_ = [[TalmoPanel alloc] init];
     [other_ makeKeyAndOrderFront:nil];
   }
 
  private:
+  /// A panel that is seen may have to wait for the keys.
+  void awaitKeys() {
+    EXPECT_TRUE(runUntil([] { return NSApp.keyWindow != nil; }, std::chrono::seconds(20)));
+  }
+
   MacPanels panels_;
   TalmoPanel* other_ = nil;
 };

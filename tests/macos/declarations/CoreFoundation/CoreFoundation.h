@@ -53,6 +53,13 @@ typedef struct CF_BRIDGED_MUTABLE_TYPE(id) __CFRunLoopSource* CFRunLoopSourceRef
 typedef struct CF_BRIDGED_MUTABLE_TYPE(NSMachPort) __CFMachPort* CFMachPortRef;
 
 typedef CFStringRef CFRunLoopMode;
+// Documented in "CFRunLoopRunResult".
+typedef CF_ENUM(SInt32, CFRunLoopRunResult) {
+  kCFRunLoopRunFinished = 1,
+  kCFRunLoopRunStopped = 2,
+  kCFRunLoopRunTimedOut = 3,
+  kCFRunLoopRunHandledSource = 4,
+};
 
 // Documented in "CFRunLoopSourceContext", of version 0; what is null is not called.
 typedef struct {
@@ -107,10 +114,13 @@ CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef cf);
 
 // --- CFRunLoop --------------------------------------------------------------------------------
 
+CF_EXPORT const CFRunLoopMode kCFRunLoopDefaultMode;
 CF_EXPORT const CFRunLoopMode kCFRunLoopCommonModes;
 
 CF_EXPORT CFRunLoopRef CFRunLoopGetCurrent(void);
 CF_EXPORT void CFRunLoopRun(void);
+CF_EXPORT CFRunLoopRunResult CFRunLoopRunInMode(CFRunLoopMode mode, CFTimeInterval seconds,
+                                                Boolean returnAfterSourceHandled);
 // Safe from other threads, as CFRunLoopWakeUp is. A stop before the loop runs is lost.
 CF_EXPORT void CFRunLoopStop(CFRunLoopRef rl);
 CF_EXPORT void CFRunLoopWakeUp(CFRunLoopRef rl);

@@ -701,6 +701,10 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSession : NSObject
 @interface NSUserDefaults : NSObject
 
 @property(class, readonly, strong) NSUserDefaults* standardUserDefaults;
+// Nil for the names of the program's own and of the global domain.
+- (nullable instancetype)initWithSuiteName:(nullable NSString*)suitename
+    API_AVAILABLE(macos(10.9))NS_DESIGNATED_INITIALIZER;
+- (void)removePersistentDomainForName:(NSString*)domainName;
 - (nullable id)objectForKey:(NSString*)defaultName;
 // Raises for what is no property list.
 - (void)setObject:(nullable id)value forKey:(NSString*)defaultName;
