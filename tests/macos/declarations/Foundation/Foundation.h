@@ -458,6 +458,7 @@ API_AVAILABLE(macos(10.5)) @interface NSOperationQueue : NSObject
 
 // --- NSRunLoop --------------------------------------------------------------------------------
 
+FOUNDATION_EXPORT NSRunLoopMode const NSDefaultRunLoopMode;
 FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(10.5));
 
 // Not safe on other threads than its own ("NSRunLoop"), other than CFRunLoop.
