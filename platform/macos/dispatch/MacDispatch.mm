@@ -90,7 +90,9 @@ void MacDispatch::concurrentPerform(std::size_t count,
 
 std::shared_ptr<Timer> MacDispatch::scheduledTimer(Duration interval, Duration tolerance,
                                                    std::function<void()> block) {
-  return std::make_shared<MacTimer>(interval, tolerance, std::move(block));
+  const auto timer = std::make_shared<MacTimer>(std::move(block));
+  timer->schedule(interval, tolerance);
+  return timer;
 }
 
 std::shared_ptr<Semaphore> MacDispatch::makeSemaphore(int value) {

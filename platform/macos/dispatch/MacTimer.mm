@@ -5,37 +5,36 @@
 #include "platform/macos/Seconds.h"
 
 namespace talmo {
-namespace {
 
-using Work = std::function<void()>;
+MacTimer::MacTimer(std::function<void()> block)
+    : block_(std::make_shared<const std::function<void()>>(std::move(block))) {}
 
-NSTimer* schedule(Duration interval, Duration tolerance,
-                  std::shared_ptr<std::shared_ptr<const Work>> slot) {
-  NSTimer* const timer = [NSTimer scheduledTimerWithTimeInterval:toSeconds(interval) repeats:YES
-                                                           block:^(NSTimer*) {
-                                                             @autoreleasepool {
-                                                               if (const auto work = *slot) {
-                                                                 (*work)();
-                                                               }
-                                                             }
-                                                           }];
-  timer.tolerance = toSeconds(tolerance);
+void MacTimer::schedule(Duration interval, Duration tolerance) {
+  kept_ = shared_from_this();
+  const std::weak_ptr<const MacTimer> weak = kept_;
+  timer_ = [NSTimer scheduledTimerWithTimeInterval:toSeconds(interval) repeats:YES
+                                             block:^(NSTimer*) {
+                                               @autoreleasepool {
+                                                 if (const auto self = weak.lock()) self->fire();
+                                               }
+                                             }];
+  timer_.tolerance = toSeconds(tolerance);
   // So far it is in the default mode only.
-  [NSRunLoop.mainRunLoop addTimer:timer forMode:NSRunLoopCommonModes];
-  return timer;
+  [NSRunLoop.mainRunLoop addTimer:timer_ forMode:NSRunLoopCommonModes];
 }
 
-}  // namespace
-
-MacTimer::MacTimer(Duration interval, Duration tolerance, Work block)
-    : work_(std::make_shared<std::shared_ptr<const Work>>(
-          std::make_shared<const Work>(std::move(block)))),
-      timer_(schedule(interval, tolerance, work_)) {}
-
 void MacTimer::invalidate() {
+  // What goes here may hold the last reference to this.
+  const std::shared_ptr<MacTimer> kept = std::move(kept_);
   [timer_ invalidate];
-  // The system's timer keeps its block for as long as somebody keeps the timer.
-  const std::shared_ptr<const Work> released = std::exchange(*work_, nullptr);
+  timer_ = nil;
+  const auto released = std::move(block_);
+}
+
+void MacTimer::fire() const {
+  // Kept, as it may invalidate its timer.
+  const auto block = block_;
+  if (block) (*block)();
 }
 
 }  // namespace talmo

@@ -3,6 +3,21 @@
 #include "platform/macos/interface/EventTranslation.h"
 
 namespace talmo {
+namespace {
+
+using Type = InterfaceEvent::Type;
+
+static_assert(eventMask(Type::leftMouseDown) == NSEventMaskLeftMouseDown);
+static_assert(eventMask(Type::rightMouseDown) == NSEventMaskRightMouseDown);
+static_assert(eventMask(Type::rightMouseUp) == NSEventMaskRightMouseUp);
+static_assert(eventMask(Type::keyDown) == NSEventMaskKeyDown);
+
+static_assert(InterfaceEvent::shift == NSEventModifierFlagShift);
+static_assert(InterfaceEvent::control == NSEventModifierFlagControl);
+static_assert(InterfaceEvent::option == NSEventModifierFlagOption);
+static_assert(InterfaceEvent::command == NSEventModifierFlagCommand);
+
+}  // namespace
 
 std::optional<InterfaceEvent> interfaceEvent(NSEvent* event) {
   if (event == nil) return std::nullopt;

@@ -34,6 +34,10 @@
 namespace talmo {
 namespace {
 
+static_assert(WindowParameters::titled == NSWindowStyleMaskTitled);
+static_assert(WindowParameters::closable == NSWindowStyleMaskClosable);
+static_assert(WindowParameters::fullSizeContentView == NSWindowStyleMaskFullSizeContentView);
+
 TLMWindow* makeWindow(const WindowParameters& parameters) {
   const Size size = parameters.contentSize;
   TLMWindow* const window =

@@ -47,7 +47,6 @@ static const NSLayoutPriority NSLayoutPriorityDefaultLow = 250;
 
 typedef NS_ENUM(NSInteger, NSLayoutConstraintOrientation) {
   NSLayoutConstraintOrientationHorizontal = 0,
-  NSLayoutConstraintOrientationVertical = 1,
 };
 // Another type than the one above, with the same numbers.
 typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutOrientation) {
@@ -55,7 +54,6 @@ typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutOrientation) {
   NSUserInterfaceLayoutOrientationVertical = 1,
 };
 typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutDirection) {
-  NSUserInterfaceLayoutDirectionLeftToRight = 0,
   NSUserInterfaceLayoutDirectionRightToLeft = 1,
 };
 
@@ -157,6 +155,7 @@ typedef NS_ENUM(NSInteger, NSColorSystemEffect) {
 
 typedef NS_ENUM(NSUInteger, NSEventType) {
   NSEventTypeLeftMouseDown = 1,
+  NSEventTypeLeftMouseUp = 2,
   NSEventTypeRightMouseDown = 3,
   NSEventTypeRightMouseUp = 4,
   NSEventTypeKeyDown = 10,
@@ -169,8 +168,16 @@ typedef NS_ENUM(short, NSEventSubtype) {
 // Always 64 bits wide, as it has a bit for each type.
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
   NSEventMaskLeftMouseDown = 1ULL << NSEventTypeLeftMouseDown,
+  NSEventMaskRightMouseDown = 1ULL << NSEventTypeRightMouseDown,
+  NSEventMaskRightMouseUp = 1ULL << NSEventTypeRightMouseUp,
+  NSEventMaskKeyDown = 1ULL << NSEventTypeKeyDown,
+  // Every bit ("NSEventMaskAny", NSUIntegerMax).
+  NSEventMaskAny = __LONG_MAX__ * 2UL + 1UL,
 };
 typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
+  NSEventModifierFlagShift = 1 << 17,
+  NSEventModifierFlagControl = 1 << 18,
+  NSEventModifierFlagOption = 1 << 19,
   NSEventModifierFlagCommand = 1 << 20,
 };
 
@@ -192,6 +199,26 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 @property(readonly) NSInteger data1;
 // Retains the event; nil for what has no event of AppKit's.
 + (nullable NSEvent*)eventWithCGEvent:(CGEventRef)cgEvent API_AVAILABLE(macos(10.5));
+// Both raise for a type that is not of their kind.
++ (nullable NSEvent*)mouseEventWithType:(NSEventType)type
+                               location:(NSPoint)location
+                          modifierFlags:(NSEventModifierFlags)flags
+                              timestamp:(NSTimeInterval)time
+                           windowNumber:(NSInteger)wNum
+                                context:(nullable NSGraphicsContext*)unusedPassNil
+                            eventNumber:(NSInteger)eNum
+                             clickCount:(NSInteger)cNum
+                               pressure:(float)pressure;
++ (nullable NSEvent*)keyEventWithType:(NSEventType)type
+                             location:(NSPoint)location
+                        modifierFlags:(NSEventModifierFlags)flags
+                            timestamp:(NSTimeInterval)time
+                         windowNumber:(NSInteger)wNum
+                              context:(nullable NSGraphicsContext*)unusedPassNil
+                           characters:(NSString*)keys
+          charactersIgnoringModifiers:(NSString*)ukeys
+                            isARepeat:(BOOL)flag
+                              keyCode:(unsigned short)code;
 // Nil when the monitor cannot be made. The handler is copied, and kept until its monitor is
 // removed; it is called on the main thread. A global one sees keys only in a trusted process.
 + (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
@@ -252,7 +279,6 @@ API_AVAILABLE(macos(10.11)) @interface NSHapticFeedbackManager : NSObject
 typedef NSString* NSImageHintKey NS_TYPED_ENUM;
 typedef NSString* NSImageName NS_TYPED_EXTENSIBLE_ENUM;
 typedef NS_ENUM(NSInteger, NSImageResizingMode) {
-  NSImageResizingModeTile = 0,
   NSImageResizingModeStretch = 1,
 };
 
@@ -422,6 +448,10 @@ APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull
 - (void)applicationDidFinishLaunching:(NSNotification*)notification;
 @end
 
+typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
+  NSApplicationActivationPolicyAccessory = 1,
+} API_AVAILABLE(macos(10.6));
+
 @interface NSApplication : NSResponder
 
 // Makes the application on first use, and sets NSApp.
@@ -433,6 +463,19 @@ APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull
 - (void)orderFrontStandardAboutPanel:(nullable id)sender;
 // The last that was taken from the queue; nil before the first.
 @property(nullable, readonly, strong) NSEvent* currentEvent;
+// A process without a bundle is no application, at first. Declared as two methods: the one that
+// sets it says whether it could.
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy
+    API_AVAILABLE(macos(10.6));
+- (void)finishLaunching;
+@property(readonly, copy) NSArray<NSWindow*>* windows;
+@property(nullable, readonly, weak) NSWindow* keyWindow;
+// Nil for the date is a date that has passed.
+- (nullable NSEvent*)nextEventMatchingMask:(NSEventMask)mask
+                                 untilDate:(nullable NSDate*)expiration
+                                    inMode:(NSRunLoopMode)mode
+                                   dequeue:(BOOL)deqFlag;
+- (void)sendEvent:(NSEvent*)event;
 
 @end
 
@@ -533,6 +576,7 @@ typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
 @property NSAutoresizingMaskOptions autoresizingMask;
 // Nil means the window's coordinates.
 - (NSPoint)convertPoint:(NSPoint)point fromView:(nullable NSView*)view;
+- (NSPoint)convertPoint:(NSPoint)point toView:(nullable NSView*)view;
 - (BOOL)mouse:(NSPoint)point inRect:(NSRect)rect;
 - (BOOL)scrollRectToVisible:(NSRect)rect;
 
@@ -586,11 +630,8 @@ typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
 // --- NSControl --------------------------------------------------------------------------------
 
 typedef NS_ENUM(NSUInteger, NSLineBreakMode) {
-  NSLineBreakByWordWrapping,
-  NSLineBreakByCharWrapping,
-  NSLineBreakByClipping,
-  NSLineBreakByTruncatingHead,
-  NSLineBreakByTruncatingTail,
+  NSLineBreakByWordWrapping = 0,
+  NSLineBreakByTruncatingTail = 4,
 };
 
 @interface NSControl : NSView
@@ -621,8 +662,6 @@ typedef NS_ENUM(NSUInteger, NSLineBreakMode) {
 // --- NSImageView ------------------------------------------------------------------------------
 
 typedef NS_ENUM(NSUInteger, NSImageScaling) {
-  NSImageScaleProportionallyDown = 0,
-  NSImageScaleAxesIndependently = 1,
   NSImageScaleNone = 2,
   NSImageScaleProportionallyUpOrDown = 3,
 };
@@ -641,7 +680,6 @@ typedef NS_ENUM(NSUInteger, NSImageScaling) {
 // --- NSScrollView -----------------------------------------------------------------------------
 
 typedef NS_ENUM(NSInteger, NSScrollerStyle) {
-  NSScrollerStyleLegacy = 0,
   NSScrollerStyleOverlay = 1,
 };
 
@@ -659,7 +697,6 @@ typedef NS_ENUM(NSInteger, NSScrollerStyle) {
 // --- NSStackView ------------------------------------------------------------------------------
 
 typedef NS_ENUM(NSInteger, NSStackViewDistribution) {
-  NSStackViewDistributionGravityAreas = -1,
   NSStackViewDistributionFill = 0,
 } API_AVAILABLE(macos(10.11));
 
@@ -712,7 +749,6 @@ typedef NS_ENUM(NSInteger, NSVisualEffectMaterial) {
 } API_AVAILABLE(macos(10.10));
 typedef NS_ENUM(NSInteger, NSVisualEffectBlendingMode) {
   NSVisualEffectBlendingModeBehindWindow = 0,
-  NSVisualEffectBlendingModeWithinWindow = 1,
 } API_AVAILABLE(macos(10.10));
 typedef NS_ENUM(NSInteger, NSVisualEffectState) {
   NSVisualEffectStateFollowsWindowActiveState = 0,
@@ -799,6 +835,9 @@ APPKIT_EXTERN NSNotificationName NSWindowDidChangeOcclusionStateNotification
 - (void)orderOut:(nullable id)sender;
 // Tells the delegate that it will close, and asks nobody; does so for a hidden window, too.
 - (void)close;
+// As the close button does: asks the delegate, then closes.
+- (void)performClose:(nullable id)sender;
+- (void)sendEvent:(NSEvent*)event;
 @property(readonly) BOOL canBecomeKeyWindow;
 @property(readonly) BOOL canBecomeMainWindow;
 @property(readonly) NSPoint mouseLocationOutsideOfEventStream;

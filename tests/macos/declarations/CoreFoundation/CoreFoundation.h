@@ -53,6 +53,13 @@ typedef struct CF_BRIDGED_MUTABLE_TYPE(id) __CFRunLoopSource* CFRunLoopSourceRef
 typedef struct CF_BRIDGED_MUTABLE_TYPE(NSMachPort) __CFMachPort* CFMachPortRef;
 
 typedef CFStringRef CFRunLoopMode;
+// Documented in "CFRunLoopRunResult".
+typedef CF_ENUM(SInt32, CFRunLoopRunResult) {
+  kCFRunLoopRunFinished = 1,
+  kCFRunLoopRunStopped = 2,
+  kCFRunLoopRunTimedOut = 3,
+  kCFRunLoopRunHandledSource = 4,
+};
 
 // Documented in "CFRunLoopSourceContext", of version 0; what is null is not called.
 typedef struct {
@@ -112,8 +119,6 @@ CF_EXPORT const CFRunLoopMode kCFRunLoopDefaultMode;
 
 CF_EXPORT CFRunLoopRef CFRunLoopGetCurrent(void);
 CF_EXPORT void CFRunLoopRun(void);
-// An enumeration of 32 bits: why it returned.
-enum CFRunLoopRunResult : SInt32;
 CF_EXPORT CFRunLoopRunResult CFRunLoopRunInMode(CFRunLoopMode mode, CFTimeInterval seconds,
                                                 Boolean returnAfterSourceHandled);
 // Safe from other threads, as CFRunLoopWakeUp is. A stop before the loop runs is lost.

@@ -458,6 +458,7 @@ API_AVAILABLE(macos(10.5)) @interface NSOperationQueue : NSObject
 
 // --- NSRunLoop --------------------------------------------------------------------------------
 
+FOUNDATION_EXPORT NSRunLoopMode const NSDefaultRunLoopMode;
 FOUNDATION_EXPORT NSRunLoopMode const NSRunLoopCommonModes API_AVAILABLE(macos(10.5));
 
 // Not safe on other threads than its own ("NSRunLoop"), other than CFRunLoop.
@@ -700,6 +701,10 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSession : NSObject
 @interface NSUserDefaults : NSObject
 
 @property(class, readonly, strong) NSUserDefaults* standardUserDefaults;
+// Nil for the names of the program's own and of the global domain.
+- (nullable instancetype)initWithSuiteName:(nullable NSString*)suitename
+    API_AVAILABLE(macos(10.9))NS_DESIGNATED_INITIALIZER;
+- (void)removePersistentDomainForName:(NSString*)domainName;
 - (nullable id)objectForKey:(NSString*)defaultName;
 // Raises for what is no property list.
 - (void)setObject:(nullable id)value forKey:(NSString*)defaultName;

@@ -18,6 +18,7 @@ View text(std::string identity, ViewRole role = ViewRole::label) {
 
 std::vector<PartKey> shown(const std::vector<View>& views) {
   std::vector<PartKey> keys;
+  keys.reserve(views.size());
   for (const View& view : views) keys.push_back(PartKey::of(view));
   return keys;
 }
