@@ -20,7 +20,8 @@ function(draw_pair vectors side path)
 endfunction()
 
 file(MAKE_DIRECTORY ${OUTPUT}/AppIcon.iconset)
-draw_pair(${SOURCE}/MenuBarIcon.svg 16 ${OUTPUT}/MenuBarIcon)
+# As large as the status item shows it.
+draw_pair(${SOURCE}/MenuBarIcon.svg 18 ${OUTPUT}/MenuBarIcon)
 foreach(name IN ITEMS SoundCloudIcon YouTubeIcon)
   draw_pair(${SOURCE}/${name}.svg 64 ${OUTPUT}/${name})
 endforeach()

@@ -6,8 +6,17 @@
 namespace talmo {
 namespace {
 
-void postToSystem(std::function<void()> work) {
-  dispatch_async(dispatch_get_global_queue(QOS_CLASS_USER_INITIATED, 0), ^{
+/// Where termination handlers run, one at a time. A queue of its own gets a thread even while all
+/// those of the global queues wait, for instance for children.
+dispatch_queue_t handlerQueue() {
+  static const dispatch_queue_t queue = dispatch_queue_create(
+      "nl.brelm.talmo.children",
+      dispatch_queue_attr_make_with_qos_class(DISPATCH_QUEUE_SERIAL, QOS_CLASS_USER_INITIATED, 0));
+  return queue;
+}
+
+void post(std::function<void()> work) {
+  dispatch_async(handlerQueue(), ^{
     @autoreleasepool {
       work();
     }
@@ -24,8 +33,7 @@ ChildTermination terminationOf(NSTask* task) {
 
 }  // namespace
 
-MacChild::MacChild(NSTask* task)
-    : task_(task), ending_(std::make_shared<ChildEnding>(postToSystem)) {}
+MacChild::MacChild(NSTask* task) : task_(task), ending_(std::make_shared<ChildEnding>(post)) {}
 
 std::optional<std::string> MacChild::launch() {
   const MutexLock lock(mutex_);

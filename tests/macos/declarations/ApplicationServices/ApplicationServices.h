@@ -13,15 +13,9 @@ CF_IMPLICIT_BRIDGING_ENABLED
 // Constant, unlike the other references of Core Foundation's kind.
 typedef const struct CF_BRIDGED_TYPE(id) __AXUIElement* AXUIElementRef;
 
-// Documented in <HIServices/AXError.h>.
+// Documented in <HIServices/AXError.h>; the others are negative.
 typedef CF_ENUM(SInt32, AXError) {
   kAXErrorSuccess = 0,
-  kAXErrorFailure = -25200,
-  kAXErrorInvalidUIElement = -25202,
-  kAXErrorCannotComplete = -25204,
-  kAXErrorAttributeUnsupported = -25205,
-  kAXErrorAPIDisabled = -25211,
-  kAXErrorNoValue = -25212,
 };
 
 // Documented in <HIServices/AXAttributeConstants.h>: macros.

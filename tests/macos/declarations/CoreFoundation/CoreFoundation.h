@@ -114,8 +114,8 @@ CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef cf);
 
 // --- CFRunLoop --------------------------------------------------------------------------------
 
-CF_EXPORT const CFRunLoopMode kCFRunLoopDefaultMode;
 CF_EXPORT const CFRunLoopMode kCFRunLoopCommonModes;
+CF_EXPORT const CFRunLoopMode kCFRunLoopDefaultMode;
 
 CF_EXPORT CFRunLoopRef CFRunLoopGetCurrent(void);
 CF_EXPORT void CFRunLoopRun(void);

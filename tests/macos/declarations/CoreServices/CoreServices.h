@@ -8,10 +8,8 @@ CF_ASSUME_NONNULL_BEGIN
 // Documented in <AE/AEDataModel.h>. The structures are packed to two bytes there, which the size of
 // a pointer behind four characters shows; nothing of ours looks inside.
 typedef FourCharCode DescType;
-typedef FourCharCode AEKeyword;
 typedef UInt32 AEEventClass;
 typedef UInt32 AEEventID;
-typedef SInt32 AESendMode;
 
 #pragma pack(push, 2)
 typedef struct OpaqueAEDataStorageType* AEDataStorageType;
@@ -23,7 +21,6 @@ struct AEDesc {
 #pragma pack(pop)
 typedef struct AEDesc AEDesc;
 typedef AEDesc AEAddressDesc;
-typedef AEDesc AppleEvent;
 
 // Plain enumerators, therefore ints.
 enum {

@@ -6,15 +6,10 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-// --- SBElementArray ---------------------------------------------------------------------------
-
-// Asks the application for its count, not for its elements.
-API_AVAILABLE(macos(10.5)) @interface SBElementArray<ObjectType> : NSMutableArray<ObjectType>
-@end
-
 // --- SBObject ---------------------------------------------------------------------------------
 
-// A reference; nothing is asked of the application until a property that is a value is read.
+// A reference, as the arrays of elements are, which are an NSMutableArray: nothing is asked of the
+// application until a property that is a value is read.
 API_AVAILABLE(macos(10.5)) @interface SBObject : NSObject<NSCoding>
 
 // Of the last event that this very object sent; nil when it went well.

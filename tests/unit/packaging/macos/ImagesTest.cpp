@@ -58,7 +58,7 @@ void expectPair(const std::string& name, int side) {
 }
 
 TEST(ImagesTest, EachAssetIsThereForBothResolutions) {
-  expectPair("MenuBarIcon", 16);
+  expectPair("MenuBarIcon", 18);
   expectPair("SoundCloudIcon", 64);
   expectPair("YouTubeIcon", 64);
 }
