@@ -57,7 +57,7 @@ set(talmo_macos_sources
   mediasession/MacMediaRemote.mm
   mediasession/MediaRemoteFramework.mm
   network/MacNetwork.mm
-  network/TLMSessionDelegate.mm
+  network/TLMTaskDelegate.mm
   notifications/MacNotifications.mm
   notifications/TLMObserver.mm
   processes/MacChild.mm

@@ -29,6 +29,10 @@ bool HttpsTransfer::receive(std::string_view piece) {
   return true;
 }
 
+void HttpsTransfer::expire() {
+  if (!failure_) failure_ = "there is no whole answer in time";
+}
+
 void HttpsTransfer::complete(std::optional<std::string> error, int status) {
   if (failure_) error = std::move(failure_);
   NetworkResult result;

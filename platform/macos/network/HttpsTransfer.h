@@ -21,6 +21,9 @@ class HttpsTransfer {
   /// Adds a piece of the body. False when that makes it too large: the request has failed.
   bool receive(std::string_view piece);
 
+  /// It has taken too long: the request has failed, unless it has before.
+  void expire();
+
   /// Calls the completion: with why this request failed, or else with what the system says, an
   /// error in words or the answer's status; once, as the last thing.
   void complete(std::optional<std::string> error, int status);

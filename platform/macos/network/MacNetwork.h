@@ -4,13 +4,12 @@
 
 #include "platform/Network.h"
 
-@class TLMSessionDelegate;
+@class TLMTaskDelegate;
 
 namespace talmo {
 
-/// The network by a `NSURLSession` that keeps nothing. Its delegate queue, a serial one of the
-/// system's threads, owns everything under way and calls the completions. Proxies are those of the
-/// system's settings.
+/// The network by the shared `NSURLSession`, with proxies as in the system's settings. A serial
+/// queue of its own owns everything under way and calls the completions.
 class MacNetwork : public Network {
  public:
   MacNetwork();
@@ -23,8 +22,7 @@ class MacNetwork : public Network {
 
  private:
   NSOperationQueue* const queue_;
-  TLMSessionDelegate* const delegate_;
-  NSURLSession* const session_;
+  TLMTaskDelegate* const delegate_;
 };
 
 }  // namespace talmo

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/macos/network/HttpsUrl.h"
-#import "platform/macos/network/TLMSessionDelegate.h"
+#import "platform/macos/network/TLMTaskDelegate.h"
 #include "platform/macos/Text.h"
 
 namespace talmo {
@@ -17,37 +17,28 @@ NSOperationQueue* makeQueue() {
   return queue;
 }
 
-NSURLSessionConfiguration* makeConfiguration() {
-  NSURLSessionConfiguration* const configuration =
-      NSURLSessionConfiguration.ephemeralSessionConfiguration;
+/// Asks the server itself, and tells it nothing of earlier answers.
+NSURLRequest* makeRequest(NSURL* url) {
   const NSTimeInterval seconds = std::chrono::duration<double>(Network::timeout).count();
-  // Of a pause in the answer, and of the whole of it, redirects included.
-  configuration.timeoutIntervalForRequest = seconds;
-  configuration.timeoutIntervalForResource = seconds;
-  configuration.requestCachePolicy = NSURLRequestReloadIgnoringLocalCacheData;
-  configuration.URLCache = nil;
-  configuration.HTTPCookieStorage = nil;
-  configuration.URLCredentialStorage = nil;
-  return configuration;
+  NSMutableURLRequest* const request =
+      [NSMutableURLRequest requestWithURL:url cachePolicy:NSURLRequestReloadIgnoringLocalCacheData
+                          timeoutInterval:seconds];
+  request.HTTPShouldHandleCookies = NO;
+  return request;
 }
 
 }  // namespace
 
 MacNetwork::MacNetwork()
-    : queue_(makeQueue()),
-      delegate_([[TLMSessionDelegate alloc] init]),
-      session_([NSURLSession sessionWithConfiguration:makeConfiguration() delegate:delegate_
-                                        delegateQueue:queue_]) {}
+    : queue_(makeQueue()), delegate_([[TLMTaskDelegate alloc] initWithQueue:queue_]) {}
 
 MacNetwork::~MacNetwork() {
   @autoreleasepool {
-    TLMSessionDelegate* const delegate = delegate_;
+    TLMTaskDelegate* const delegate = delegate_;
     NSOperation* const closing = [NSBlockOperation blockOperationWithBlock:^{
       [delegate close];
     }];
     [queue_ addOperations:@[ closing ] waitUntilFinished:YES];
-    // The session keeps its delegate until then.
-    [session_ invalidateAndCancel];
   }
 }
 
@@ -61,11 +52,11 @@ void MacNetwork::get(const std::string& url, Completion completion) {
       }];
       return;
     }
-    TLMSessionDelegate* const delegate = delegate_;
-    NSURLSessionDataTask* const task = [session_ dataTaskWithURL:address];
+    TLMTaskDelegate* const delegate = delegate_;
+    NSURLSessionDataTask* const task =
+        [NSURLSession.sharedSession dataTaskWithRequest:makeRequest(address)];
     [queue_ addOperationWithBlock:^{
       [delegate followTask:task completion:completion];
-      [task resume];
     }];
   }
 }

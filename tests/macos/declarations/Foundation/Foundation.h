@@ -605,6 +605,17 @@ typedef NS_ENUM(NSUInteger, NSURLRequestCachePolicy) {
 @interface NSURLRequest : NSObject <NSSecureCoding, NSCopying, NSMutableCopying>
 
 @property(nullable, readonly, copy) NSURL* URL;
+// The time-out, in seconds, is of a pause in the answer.
++ (instancetype)requestWithURL:(NSURL*)URL
+                   cachePolicy:(NSURLRequestCachePolicy)cachePolicy
+               timeoutInterval:(NSTimeInterval)timeoutInterval;
+
+@end
+
+@interface NSMutableURLRequest : NSURLRequest
+
+// Yes unless it is set.
+@property BOOL HTTPShouldHandleCookies;
 
 @end
 
@@ -621,26 +632,9 @@ typedef NS_ENUM(NSUInteger, NSURLRequestCachePolicy) {
 
 // --- NSURLSession -----------------------------------------------------------------------------
 
-@class NSHTTPCookieStorage;
-@class NSURLCache;
-@class NSURLCredentialStorage;
+@class NSCachedURLResponse;
 @class NSURLSession;
-
-// Sessions copy it: what is changed later counts for later sessions.
-API_AVAILABLE(macos(10.9)) @interface NSURLSessionConfiguration : NSObject<NSCopying>
-
-// A new object each time.
-@property(class, readonly, strong) NSURLSessionConfiguration* ephemeralSessionConfiguration;
-@property NSURLRequestCachePolicy requestCachePolicy;
-// Of a pause between two pieces.
-@property NSTimeInterval timeoutIntervalForRequest;
-// Of all from the resumption on; seven days unless it is set.
-@property NSTimeInterval timeoutIntervalForResource;
-@property(nullable, retain) NSHTTPCookieStorage* HTTPCookieStorage;
-@property(nullable, retain) NSURLCredentialStorage* URLCredentialStorage;
-@property(nullable, retain) NSURLCache* URLCache;
-
-@end
+@protocol NSURLSessionTaskDelegate;
 
 API_AVAILABLE(macos(10.9)) @interface NSURLSessionTask : NSObject<NSCopying>
 
@@ -651,6 +645,9 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSessionTask : NSObject<NSCopying>
 // Returns at once; the end is told as with any other error.
 - (void)cancel;
 - (void)resume;
+// Kept until the task has ended; cannot be changed after the resumption. It hears of the methods of
+// the more special delegates too, on the session's queue.
+@property(nullable, retain) id<NSURLSessionTaskDelegate> delegate API_AVAILABLE(macos(12.0));
 
 @end
 
@@ -680,19 +677,19 @@ API_AVAILABLE(macos(10.9)) @interface NSURLSessionDataTask : NSURLSessionTask
 - (void)URLSession:(NSURLSession*)session
           dataTask:(NSURLSessionDataTask*)dataTask
     didReceiveData:(NSData*)data;
+// The handler must be called; nil keeps nothing.
+- (void)URLSession:(NSURLSession*)session
+             dataTask:(NSURLSessionDataTask*)dataTask
+    willCacheResponse:(NSCachedURLResponse*)proposedResponse
+    completionHandler:(void (^)(NSCachedURLResponse* _Nullable))completionHandler;
 @end
 
 // Any thread.
 API_AVAILABLE(macos(10.9)) @interface NSURLSession : NSObject
 
-// Keeps the delegate until it is invalidated. Without a queue it makes a serial one; a queue that
-// is given has to be serial.
-+ (NSURLSession*)sessionWithConfiguration:(NSURLSessionConfiguration*)configuration
-                                 delegate:(nullable id<NSURLSessionDelegate>)delegate
-                            delegateQueue:(nullable NSOperationQueue*)queue;
+@property(class, readonly, strong) NSURLSession* sharedSession;
 // Suspended at first.
-- (NSURLSessionDataTask*)dataTaskWithURL:(NSURL*)url;
-- (void)invalidateAndCancel;
+- (NSURLSessionDataTask*)dataTaskWithRequest:(NSURLRequest*)request;
 
 @end
 

@@ -65,6 +65,8 @@ OS_EXPORT const char* dispatch_queue_get_label(dispatch_queue_t _Nullable queue)
     API_AVAILABLE(macos(10.6));
 OS_EXPORT void dispatch_async(dispatch_queue_t queue, dispatch_block_t block)
     API_AVAILABLE(macos(10.6));
+OS_EXPORT void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, dispatch_block_t block)
+    API_AVAILABLE(macos(10.6));
 // The function form: the context is the caller's to free.
 OS_EXPORT void dispatch_async_f(dispatch_queue_t queue, void* _Nullable context,
                                 dispatch_function_t work) API_AVAILABLE(macos(10.6));

@@ -57,6 +57,21 @@ TEST_F(HttpsTransferTest, FollowsFiveRedirectsAndNoSixth) {
   expectFailure("there are too many redirects");
 }
 
+TEST_F(HttpsTransferTest, FailsWhenItTakesTooLong) {
+  EXPECT_TRUE(transfer_.receive("half"));
+  transfer_.expire();
+  EXPECT_FALSE(transfer_.receive("what comes too late"));
+  transfer_.complete("cancelled", 200);
+  expectFailure("there is no whole answer in time");
+}
+
+TEST_F(HttpsTransferTest, KeepsItsFirstFailure) {
+  EXPECT_FALSE(transfer_.follow("http://example.com/"));
+  transfer_.expire();
+  transfer_.complete("cancelled", 302);
+  expectFailure("the URL is not an HTTPS one");
+}
+
 TEST_F(HttpsTransferTest, TakesABodyAsLargeAsTheBoundAndNoLarger) {
   EXPECT_TRUE(transfer_.receive(std::string(Network::largestBody, 'x')));
   EXPECT_TRUE(transfer_.receive(""));
