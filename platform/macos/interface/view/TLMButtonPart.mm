@@ -148,16 +148,16 @@ bool isUnderlined(ViewRole role) {
 }
 
 - (void)mouseDown:(NSEvent*)event {
-  [self setPressed:YES];
+  [self showPressed:YES];
 }
 
 - (void)mouseDragged:(NSEvent*)event {
-  [self setPressed:[self isUnder:event.locationInWindow]];
+  [self showPressed:[self isUnder:event.locationInWindow]];
 }
 
 - (void)mouseUp:(NSEvent*)event {
   const BOOL wasPressed = _isPressed;
-  [self setPressed:NO];
+  [self showPressed:NO];
   if (wasPressed && [self isUnder:event.locationInWindow]) [self press];
 }
 
@@ -199,7 +199,7 @@ bool isUnderlined(ViewRole role) {
   return _isPressed || (_isEntered && [self isUnder:self.window.mouseLocationOutsideOfEventStream]);
 }
 
-- (void)setPressed:(BOOL)isPressed {
+- (void)showPressed:(BOOL)isPressed {
   if (isPressed == _isPressed) return;
   _isPressed = isPressed;
   self.alphaValue = isPressed ? pressedAlpha : 1;

@@ -56,8 +56,8 @@ NSImage* makeGlassMask() {
   talmo::PartKey key = talmo::PartKey::of(content);
   if (_root == nil || key != _rootKey) {
     _rootKey = std::move(key);
-    [self setRole:content.role];
-    [self setRoot:talmo::makePart(content, content.role)];
+    [self useGroundOf:content.role];
+    [self useRoot:talmo::makePart(content, content.role)];
   }
   [_root show:content];
   // A body is as high as its lines, and breaks them at a width that it has only now.
@@ -83,7 +83,7 @@ NSImage* makeGlassMask() {
 }
 
 /// The ground that a content of that role stands on.
-- (void)setRole:(ViewRole)role {
+- (void)useGroundOf:(ViewRole)role {
   const BOOL isGlass = role == ViewRole::glass;
   self.material =
       isGlass ? NSVisualEffectMaterialPopover : NSVisualEffectMaterialUnderWindowBackground;
@@ -92,7 +92,7 @@ NSImage* makeGlassMask() {
   self.maskImage = isGlass ? makeGlassMask() : nil;
 }
 
-- (void)setRoot:(NSView<TLMPart>*)root {
+- (void)useRoot:(NSView<TLMPart>*)root {
   [_root removeFromSuperview];
   _root = root;
   root.translatesAutoresizingMaskIntoConstraints = NO;

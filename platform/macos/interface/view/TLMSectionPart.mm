@@ -96,7 +96,7 @@ void makeColumn(NSStackView* stack) {
                                                   : view.accessibilityLabel);
   _headings->set(headings);
   _rows->set({firstRow, view.children.end()});
-  TLMButtonPart* const row = [self highlighted];
+  TLMButtonPart* const row = [self highlightedRow];
   if (row != nil && row != _revealed) {
     // The rows' places are those of before until the layout has been worked out.
     [self layoutSubtreeIfNeeded];
@@ -105,7 +105,7 @@ void makeColumn(NSStackView* stack) {
   _revealed = row;
 }
 
-- (TLMButtonPart*)highlighted {
+- (TLMButtonPart*)highlightedRow {
   for (NSView* part : _rows->parts()) {
     if (![part isKindOfClass:[TLMButtonPart class]]) continue;
     TLMButtonPart* const row = static_cast<TLMButtonPart*>(part);
