@@ -1,5 +1,6 @@
 // Which release introduced something, in the words of <os/availability.h>; the compiler compares
 // it with the deployment target. Only what a Mac has to say is kept of the lists of platforms.
+// What says nothing has been there since macOS 10.0 to 10.4.
 #pragma once
 
 #define TALMO_AVAILABILITY_macos(version) __attribute__((availability(macos, introduced = version)))
