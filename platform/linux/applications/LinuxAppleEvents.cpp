@@ -54,8 +54,7 @@ std::optional<std::int32_t> LinuxAppleEvents::determinePermission(const std::str
   if (application->playerNames.empty()) return procNotFound;
   const std::optional<std::vector<std::string>> names =
       mprisNames(*application, std::chrono::steady_clock::now() + 1s);
-  if (!names) return connectionInvalid;
-  return names->empty() ? procNotFound : noErr;
+  return names && !names->empty() ? noErr : procNotFound;
 }
 
 std::int32_t LinuxAppleEvents::determineConsent(const LinuxApplication& browser,

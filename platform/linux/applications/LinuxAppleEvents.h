@@ -16,16 +16,14 @@ namespace talmo {
 /// player that is on the bus has given it, and a browser by its debugging socket.
 class LinuxAppleEvents : public AppleEvents {
  public:
-  /// The status when the session bus is not there or does not answer within a second: the Apple
-  /// event manager's `connectionInvalid` (MacErrors.h).
-  static constexpr std::int32_t connectionInvalid = -609;
-
   /// `consentPage` is the file that tells a person how a browser consents; empty for none.
   explicit LinuxAppleEvents(std::string consentPage = {}) : consentPage_(std::move(consentPage)) {}
 
-  /// For a browser it takes half a second at most: granted when its debugging socket answers, not
-  /// permitted when it runs without one. With `askUserIfNeeded` such a browser shows the page that
-  /// tells how it consents; the status is the present one all the same.
+  /// A player that cannot be found within a second does not run, be it for want of a session bus:
+  /// nobody will be asked about it. For a browser it takes half a second at most: granted when its
+  /// debugging socket answers, not permitted when it runs without one. With `askUserIfNeeded` such
+  /// a browser shows the page that tells how it consents; the status is the present one all the
+  /// same.
   std::optional<std::int32_t> determinePermission(const std::string& bundleID,
                                                   bool askUserIfNeeded) override;
 
