@@ -29,7 +29,7 @@
 
 namespace talmo {
 
-/// The services of macOS. Made on the main thread, before the application; the program never
+/// The services of macOS. Made on the main thread, after the shared application; the program never
 /// destroys it.
 class MacPlatform : public Platform {
  public:

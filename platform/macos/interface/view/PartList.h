@@ -29,7 +29,11 @@ class PartList {
   void arrangeLine();
   void add(NSView* view);
   void addRoom();
+  /// As wide as the column.
   void fill(NSView* view);
+  /// As wide as its content.
+  void narrow(NSView* view);
+  void use(NSLayoutConstraint* width, NSLayoutPriority priority);
 
   // Keeping it would keep both for ever.
   __unsafe_unretained NSStackView* const stack_;
@@ -40,7 +44,7 @@ class PartList {
   std::vector<NSView<TLMPart>*> parts_;
   /// Views of no size that stand where there is room left.
   std::vector<NSView*> rooms_;
-  std::vector<NSLayoutConstraint*> fills_;
+  std::vector<NSLayoutConstraint*> widths_;
 };
 
 }  // namespace talmo

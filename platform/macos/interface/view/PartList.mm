@@ -11,16 +11,15 @@
 namespace talmo {
 namespace {
 
-// Of the part that takes what is left of a line: anything holds its size more than that.
+// Of what takes the room that is left: anything holds its size more than that.
 constexpr NSLayoutPriority givingWay = 1;
 
-/// How much a view in a line wants to be no wider than it has to.
-void setHugging(NSView* view, NSLayoutPriority priority) {
-  constexpr auto line = NSLayoutConstraintOrientationHorizontal;
+/// Has the view take the room that is left in a direction.
+void giveWay(NSView* view, NSLayoutConstraintOrientation direction) {
   if ([view isKindOfClass:[NSStackView class]]) {
-    [static_cast<NSStackView*>(view) setHuggingPriority:priority forOrientation:line];
+    [static_cast<NSStackView*>(view) setHuggingPriority:givingWay forOrientation:direction];
   } else {
-    [view setContentHuggingPriority:priority forOrientation:line];
+    [view setContentHuggingPriority:givingWay forOrientation:direction];
   }
 }
 
@@ -43,7 +42,7 @@ void PartList::set(std::span<const View> views) {
 }
 
 void PartList::arrange() {
-  for (NSLayoutConstraint* fill : std::exchange(fills_, {})) fill.active = NO;
+  for (NSLayoutConstraint* width : std::exchange(widths_, {})) width.active = NO;
   for (NSView* room : std::exchange(rooms_, {})) [room removeFromSuperview];
   // They stay its subviews, and keep what they have of tracking and motion.
   for (NSView* part : [stack_.arrangedSubviews copy]) [stack_ removeArrangedSubview:part];
@@ -60,7 +59,14 @@ void PartList::arrangeColumn() {
     // The room that is left is above the buttons.
     if (keys_[index].role == ViewRole::tray && index > 0) addRoom();
     add(part);
-    if (!hasOwnWidth(keys_[index])) fill(part);
+    if (hasOwnWidth(keys_[index])) {
+      narrow(part);
+    } else {
+      fill(part);
+    }
+    if (keys_[index].role == ViewRole::step) {
+      giveWay(part, NSLayoutConstraintOrientationVertical);
+    }
     if (index + 1 < parts_.size()) {
       [stack_ setCustomSpacing:gapBetween(keys_[index], keys_[index + 1], role_, container_)
                      afterView:part];
@@ -73,7 +79,11 @@ void PartList::arrangeLine() {
   for (std::size_t index = 0; index < parts_.size(); ++index) {
     if (plan.roomBefore == index) addRoom();
     add(parts_[index]);
-    setHugging(parts_[index], plan.wide == index ? givingWay : NSLayoutPriorityDefaultLow);
+    if (plan.wide == index) {
+      giveWay(parts_[index], NSLayoutConstraintOrientationHorizontal);
+    } else {
+      narrow(parts_[index]);
+    }
   }
   if (plan.roomBefore != parts_.size()) return;
   // What is in the line is all of it when there is no room.
@@ -99,14 +109,25 @@ void PartList::addRoom() {
 }
 
 void PartList::fill(NSView* view) {
+  // What the column has too much is nothing that its parts hold on to.
+  giveWay(view, NSLayoutConstraintOrientationHorizontal);
   const NSEdgeInsets insets = stack_.edgeInsets;
   NSLayoutConstraint* const width =
       [view.widthAnchor constraintEqualToAnchor:stack_.widthAnchor
                                        constant:-(insets.left + insets.right)];
   // A list has no width before it is first laid out.
-  width.priority = NSLayoutPriorityRequired - 1;
+  use(width, NSLayoutPriorityRequired - 1);
+}
+
+void PartList::narrow(NSView* view) {
+  // A stack or button has no size of its own that it could hold. Less than what any text holds.
+  use([view.widthAnchor constraintEqualToConstant:0], NSLayoutPriorityDefaultLow);
+}
+
+void PartList::use(NSLayoutConstraint* width, NSLayoutPriority priority) {
+  width.priority = priority;
   width.active = YES;
-  fills_.push_back(width);
+  widths_.push_back(width);
 }
 
 }  // namespace talmo

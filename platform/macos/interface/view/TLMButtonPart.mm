@@ -65,6 +65,9 @@ bool isUnderlined(ViewRole role) {
   if (self == nil) return nil;
   _role = role;
   self.wantsLayer = YES;
+  // Without it what is visible reaches past the bounds from macOS 14 on, and with it the places
+  // where the mouse counts.
+  self.clipsToBounds = YES;
   if (isUnderlined(role)) {
     _underline = talmo::makeStillLayer();
     [self.layer addSublayer:_underline];
@@ -217,7 +220,8 @@ bool isUnderlined(ViewRole role) {
   const BOOL isHovered = [self isHovered];
   const std::optional<Ground> ground =
       _isHighlighted ? Ground::highlight : groundOf(_role, isHovered);
-  layer.cornerRadius = talmo::Metrics::rowRadius;
+  // Without a ground the corners would only be cut off the text.
+  layer.cornerRadius = isUnderlined(_role) ? 0 : talmo::Metrics::rowRadius;
   layer.backgroundColor = ground ? talmo::colourOf(*ground).CGColor : nullptr;
   layer.borderWidth = _isHighlighted ? ringWidth : 0;
   layer.borderColor = talmo::colourOf(Ground::highlightRing).CGColor;

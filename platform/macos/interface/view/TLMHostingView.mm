@@ -103,11 +103,15 @@ NSImage* makeGlassMask() {
           ? [root.bottomAnchor constraintLessThanOrEqualToAnchor:self.bottomAnchor]
           : [root.bottomAnchor constraintEqualToAnchor:self.bottomAnchor];
   bottom.priority = inWindow;
+  // A panel's, which nothing else keeps from the lower edge; a window's own edge is stronger.
+  NSLayoutConstraint* const height = [root.heightAnchor constraintEqualToConstant:0];
+  height.priority = NSLayoutPriorityDefaultLow;
   [NSLayoutConstraint activateConstraints:@[
     [root.topAnchor constraintEqualToAnchor:self.topAnchor],
     [root.leadingAnchor constraintEqualToAnchor:self.leadingAnchor],
     [root.widthAnchor constraintEqualToConstant:_width],
     bottom,
+    height,
   ]];
 }
 

@@ -38,9 +38,10 @@ NSFontWeight weightOf(TextLook::Weight weight) {
   self.bordered = NO;
   self.drawsBackground = NO;
   self.usesSingleLineMode = _isOneLine;
+  // Before the way that lines end in, which it may set as well.
+  self.cell.wraps = !_isOneLine;
   self.lineBreakMode = _isOneLine ? NSLineBreakByTruncatingTail : NSLineBreakByWordWrapping;
   self.maximumNumberOfLines = _isOneLine ? 1 : 0;
-  self.cell.wraps = !_isOneLine;
   self.allowsExpansionToolTips = _isOneLine;
   const TextLook look = TextLook::of(role, container);
   self.font = [NSFont systemFontOfSize:look.points weight:weightOf(look.weight)];
@@ -61,7 +62,8 @@ NSFontWeight weightOf(TextLook::Weight weight) {
 
 - (void)wrapAtOwnWidth {
   if (_isOneLine) return;
-  self.preferredMaxLayoutWidth = self.bounds.size.width;
+  // The layout's width: a label's frame is a little wider than that.
+  self.preferredMaxLayoutWidth = [self alignmentRectForFrame:self.frame].size.width;
 }
 
 @end

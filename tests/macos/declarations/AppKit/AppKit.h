@@ -47,6 +47,7 @@ static const NSLayoutPriority NSLayoutPriorityDefaultLow = 250;
 
 typedef NS_ENUM(NSInteger, NSLayoutConstraintOrientation) {
   NSLayoutConstraintOrientationHorizontal = 0,
+  NSLayoutConstraintOrientationVertical = 1,
 };
 // Another type than the one above, with the same numbers.
 typedef NS_ENUM(NSInteger, NSUserInterfaceLayoutOrientation) {
@@ -599,9 +600,15 @@ typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
     API_AVAILABLE(macos(10.7));
 @property NSUserInterfaceLayoutDirection userInterfaceLayoutDirection API_AVAILABLE(macos(10.8));
 
+// What the layout places, without what a view draws around it.
+- (NSRect)alignmentRectForFrame:(NSRect)frame API_AVAILABLE(macos(10.7));
+
 // Drawing. A view that updates its layer is told to with its appearance as the current one.
 @property BOOL needsDisplay;
 @property CGFloat alphaValue API_AVAILABLE(macos(10.5));
+// No at first for what is linked with the SDK of macOS 14; visibleRect may then be larger than the
+// bounds ("AppKit Release Notes for macOS 14").
+@property BOOL clipsToBounds API_AVAILABLE(macos(10.9));
 @property BOOL wantsLayer API_AVAILABLE(macos(10.5));
 // There once the view wants one.
 @property(nullable, strong) CALayer* layer API_AVAILABLE(macos(10.5));
