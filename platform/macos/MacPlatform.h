@@ -29,8 +29,8 @@
 
 namespace talmo {
 
-/// The services of macOS. Made on the main thread, after the shared application; the program never
-/// destroys it.
+/// The services of macOS. Made on the main thread, after the shared application and before its
+/// delegate; the program never destroys it.
 class MacPlatform : public Platform {
  public:
   MacAccessibility& accessibility() override { return accessibility_; }

@@ -127,6 +127,25 @@ TEST_P(ChildProcessContract, AChildThatIsAskedToEndEndsByThatSignal) {
   child->terminate();
 }
 
+// As the threads of some systems' queues do.
+TEST_P(ChildProcessContract, AChildOfAThreadThatBlocksSignalsEndsWhenItIsAskedTo) {
+  const auto record = std::make_shared<ChildRecord>();
+  const auto child = make(Script().liveOn());
+  child->setTerminationHandler(ending(record));
+  ASSERT_TRUE(runAside([&] {
+    sigset_t blocked;
+    sigset_t usual;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &blocked, &usual);
+    EXPECT_EQ(child->launch(), std::nullopt);
+    pthread_sigmask(SIG_SETMASK, &usual, nullptr);
+  }));
+  child->terminate();
+  ASSERT_TRUE(runUntil([&] { return !record->terminations().empty(); }));
+  EXPECT_THAT(record->terminations(), ElementsAre(endedBy(SIGTERM)));
+}
+
 TEST_P(ChildProcessContract, AnotherSignalIsToldToo) {
   const auto record = std::make_shared<ChildRecord>();
   const auto child = make(Script().signal(SIGKILL));
