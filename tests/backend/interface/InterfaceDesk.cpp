@@ -42,7 +42,9 @@ PixelArea InterfaceDesk::icon() {
   std::optional<PixelArea> found;
   const bool isThere = runUntil([&] {
     for (const ScreenWindows::Window& window : windows_.of(::getpid())) {
-      if (!window.isManaged && window.area.height > 1) found = window.area;
+      if (window.isManaged || window.area.height <= 1) continue;
+      // A menu that has just closed may still be on the screen; it is larger.
+      if (!found || window.area.height < found->height) found = window.area;
     }
     return found.has_value();
   });

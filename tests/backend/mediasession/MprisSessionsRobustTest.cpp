@@ -99,11 +99,11 @@ TEST_F(MprisSessionsRobustTest, PropertiesOfWrongTypesAreAbsent) {
 
 TEST_F(MprisSessionsRobustTest, TextsOfMegabytesAreCut) {
   const auto player = start("a");
-  const std::string huge(2'000'000, 'x');
-  player->setTrack({.title = huge, .artists = {huge, huge}, .album = huge});
+  const std::string huge(1'000'000, 'x');
+  player->setTrack({.title = huge, .artists = {huge}, .album = huge});
   std::optional<MprisSession> session;
   // On a busy machine so much may take longer than a player is waited for.
-  ASSERT_TRUE(waitUntil([&] { return (session = sessions_.current(true)).has_value(); }));
+  ASSERT_TRUE(waitUntil([&] { return (session = sessions_.current(true)).has_value(); }, 30s));
   const std::string beginning = huge.substr(0, 1000);
   EXPECT_TRUE(session->title.starts_with(beginning));
   EXPECT_TRUE(session->artist.value_or("").starts_with(beginning));
