@@ -26,6 +26,29 @@ constexpr std::int64_t keyStateUp = 0x0B;
 /// long.
 constexpr Duration burstEnd = 50ms;
 
+/// No event waits longer in the server; one that seems to has its time from another clock.
+constexpr Duration longestWait = 60s;
+
+/// The time as in key events: an X server on this machine takes it from the same clock, and it
+/// wraps around.
+std::uint32_t serverTime() {
+  const auto time = std::chrono::steady_clock::now().time_since_epoch();
+  return static_cast<std::uint32_t>(
+      std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+}
+
+/// From one time of key events to another; negative when that is the earlier one.
+Duration between(std::uint32_t from, std::uint32_t to) {
+  return std::chrono::milliseconds(static_cast<std::int32_t>(to - from));
+}
+
+/// After how long the server repeats a key that it has down.
+Duration repeatDelay(const XConnection& connection) {
+  const XReply<xcb_xkb_get_controls_reply_t> controls(xcb_xkb_get_controls_reply(
+      connection.get(), xcb_xkb_get_controls(connection.get(), XCB_XKB_ID_USE_CORE_KBD), nullptr));
+  return std::chrono::milliseconds(controls ? controls->repeatDelay : 0);
+}
+
 class MediaKeyEvent : public TapEvent {
  public:
   explicit MediaKeyEvent(std::int64_t data1) : data1_(data1) {}
@@ -131,7 +154,6 @@ bool LinuxEventTapPort::serve(const XConnection& connection) {
 }
 
 void LinuxEventTapPort::decide(const xcb_key_press_event_t& event, bool isPress) {
-  const bool isRepeat = isPress && down_[event.detail] != 0;
   std::uint8_t code = down_[event.detail];
   if (code == 0 && isPress) code = grip_->grabs.code(event.detail, event.state);
   if (!isEnabled_) {
@@ -139,13 +161,10 @@ void LinuxEventTapPort::decide(const xcb_key_press_event_t& event, bool isPress)
     grip_->keyboard.pass(false);
     return;
   }
-  TapVerdict verdict = TapVerdict::pass;
-  if (code != 0) {
-    verdict = ask(code, isPress, isRepeat);
-    if (isPress && !isRepeat) ++downCount_;
-    if (!isPress) --downCount_;
-    down_[event.detail] = isPress ? code : std::uint8_t{0};
-  }
+  const std::uint32_t now = serverTime();
+  const TapVerdict verdict = code != 0 ? askForKey(event, code, isPress) : TapVerdict::pass;
+  if (code != 0 && !isPress) repeats_[event.detail].until = now;
+  servedAt_ = now;
   const bool hold = downCount_ > 0;
   if (verdict == TapVerdict::consume) {
     if (!grip_->keyboard.swallow(hold)) forgetAllKeys();
@@ -154,6 +173,40 @@ void LinuxEventTapPort::decide(const xcb_key_press_event_t& event, bool isPress)
   } else {
     forgetKeysThatAreUp();
   }
+}
+
+/// Whether the press of a key that is up may be a repeat of a press before it. The server takes a
+/// waiting press up while the release waits behind it; repeats that it makes before that press is
+/// answered for then come after the release.
+bool LinuxEventTapPort::mayBeLateRepeat(const xcb_key_press_event_t& press) const {
+  const Span& span = repeats_[press.detail];
+  const Duration waited = between(press.time, serverTime());
+  return waited >= Duration::zero() && waited < longestWait &&
+         between(press.time, span.until) >= Duration::zero() &&
+         between(span.from, press.time) >= repeatDelay(*grip_->grabber);
+}
+
+TapVerdict LinuxEventTapPort::askForKey(const xcb_key_press_event_t& event, std::uint8_t code,
+                                        bool isPress) {
+  const bool isDown = down_[event.detail] != 0;
+  if (isPress && !isDown) {
+    ++downCount_;
+    isDoubtful_[event.detail] = mayBeLateRepeat(event);
+    Span& span = repeats_[event.detail];
+    // The server has taken it up when it came, or after the event before it.
+    if (between(span.until, event.time) > Duration::zero()) {
+      span.from = between(event.time, servedAt_) > Duration::zero() ? servedAt_ : event.time;
+    }
+  }
+  if (!isPress) --downCount_;
+  down_[event.detail] = isPress ? code : std::uint8_t{0};
+  if (!isDoubtful_[event.detail]) return ask(code, isPress, isPress && isDown);
+  // If anybody has pressed the key, its release is to come: the press counts then. A late repeat
+  // has none, and the server swallows the next press of the key it takes to be down.
+  if (isPress) return TapVerdict::consume;
+  isDoubtful_.reset(event.detail);
+  ask(code, true, false);
+  return ask(code, false, false);
 }
 
 TapVerdict LinuxEventTapPort::ask(std::uint8_t code, bool isPress, bool isRepeat) const {
@@ -170,6 +223,7 @@ void LinuxEventTapPort::forgetKeysThatAreUp() {
       continue;
     }
     down_[keycode] = 0;
+    isDoubtful_.reset(keycode);
     if (--downCount_ == 0) grip_->keyboard.letGo();
   }
 }
@@ -177,6 +231,7 @@ void LinuxEventTapPort::forgetKeysThatAreUp() {
 void LinuxEventTapPort::forgetAllKeys() {
   down_.fill(0);
   downCount_ = 0;
+  isDoubtful_.reset();
 }
 
 void LinuxEventTapPort::setHold(KeyHold hold) {

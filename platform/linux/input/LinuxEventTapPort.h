@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <bitset>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -65,6 +66,8 @@ class LinuxEventTapPort : public EventTapPort, public LinuxRunLoopSource {
 
   bool serve(const XConnection& connection);
   void decide(const xcb_key_press_event_t& event, bool isPress);
+  bool mayBeLateRepeat(const xcb_key_press_event_t& press) const;
+  TapVerdict askForKey(const xcb_key_press_event_t& event, std::uint8_t code, bool isPress);
   TapVerdict ask(std::uint8_t code, bool isPress, bool isRepeat) const;
   void forgetKeysThatAreUp();
   void forgetAllKeys();
@@ -83,6 +86,16 @@ class LinuxEventTapPort : public EventTapPort, public LinuxRunLoopSource {
   // are ours until they are let go, whatever the modifiers do.
   std::array<std::uint8_t, 256> down_{};
   int downCount_ = 0;
+  // Those of them whose press may have been a repeat that comes after the release.
+  std::bitset<256> isDoubtful_;
+  // Between which times the server may have made repeats that come after the release, by keycode,
+  // and when the last event was served. In milliseconds as in key events.
+  struct Span {
+    std::uint32_t from = 0;
+    std::uint32_t until = 0;
+  };
+  std::array<Span, 256> repeats_{};
+  std::uint32_t servedAt_ = 0;
 };
 
 }  // namespace talmo

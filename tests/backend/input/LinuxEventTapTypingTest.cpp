@@ -248,6 +248,43 @@ TEST_F(LinuxEventTapTyping, SlowAnswerKeepsRepeatsRepeats) {
   EXPECT_TRUE(keyboardIsFree());
 }
 
+// The server makes repeats of a waiting press until it is answered for, and they come after the
+// releases that wait by then. It takes the key to be down from then on.
+TEST_F(LinuxEventTapTyping, SlowAnswerMakesNoPressOfARepeatAndLosesNone) {
+  slowness = 100;
+  desk.keyboard.setRepeat(60ms, 20ms);
+  std::string expected;
+  for (int count = 0; count < 5; ++count) {
+    desk.keyboard.tap("XF86AudioNext");
+    expected += "+17 -17 ";
+  }
+  ASSERT_TRUE(desk.runUntil([this] { return tap.shownCount() >= 10; }));
+  EXPECT_EQ(windowGets(), "");
+  ASSERT_TRUE(desk.keyboard.isDown(desk.keyboard.keycode("XF86AudioNext")));
+  slowness = 0;
+  desk.keyboard.tap("XF86AudioNext");
+  ASSERT_TRUE(desk.runUntil([this] { return tap.shownCount() >= 12; }));
+  EXPECT_EQ(windowGets(), "+z -z");
+  EXPECT_EQ(transcript(tap), expected + "+17 -17");
+  EXPECT_TRUE(keyboardIsFree());
+}
+
+TEST_F(LinuxEventTapTyping, KeysThatArePressedAmongLateRepeatsAllCount) {
+  slowness = 100;
+  desk.keyboard.setRepeat(60ms, 20ms);
+  std::string expected;
+  for (int count = 0; count < 5; ++count) {
+    desk.keyboard.tap("XF86AudioNext");
+    expected += "+17 -17 ";
+  }
+  // The third is being answered for, and repeats wait.
+  ASSERT_TRUE(desk.runUntil([this] { return tap.shownCount() >= 5; }));
+  desk.keyboard.tap("XF86AudioNext");
+  ASSERT_TRUE(desk.runUntil([this] { return tap.shownCount() >= 12; }));
+  EXPECT_EQ(windowGets(), "");
+  EXPECT_EQ(transcript(tap), expected + "+17 -17");
+}
+
 TEST_F(LinuxEventTapTyping, TapThatIsSwitchedOffInTheMiddleLetsTheKeyboardGo) {
   desk.keyboard.press("XF86AudioPlay");
   ASSERT_TRUE(desk.runUntil([this] { return tap.shownCount() == 1; }));
