@@ -31,6 +31,7 @@ TEST_F(Players, ThatDieBetweenTwoPressesAreLaunchedByPlayPauseOnly) {
   startTalmo("audacious");
   keys_.tap("XF86AudioNext");
   ASSERT_TRUE(player->waitForCommands(1)) << talmo_->log();
+  ASSERT_TRUE(talmo_->waitForLines("Sent command")) << talmo_->log();
 
   player->process().signal(SIGKILL);
   ASSERT_TRUE(player->process().waitForExit(10s));

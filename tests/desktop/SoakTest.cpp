@@ -71,8 +71,7 @@ class Soak : public PanelTest {
     }
     startWithTray(target_);
     icon_ = icon().value();
-    // As on most desktops. The server repeats a key that it has seen for that long, also when it is
-    // the machine that is late; with a tenth of it keys are doubled on a busy one.
+    // As on most desktops.
     keys_.setRepeat(500ms, 30ms);
   }
 

@@ -1,5 +1,7 @@
 #include "tests/desktop/web/WebComponentTest.h"
 
+#include <chrono>
+
 namespace talmo::test {
 
 WebComponentTest::WebComponentTest() {
@@ -16,6 +18,10 @@ void WebComponentTest::useBundle(const std::filesystem::path& folder) {
   platform_ = std::make_unique<PlatformOnDesktop>(stage().desktop(), folder);
   adapter_ = AdapterNowPlaying::make();
   adapter_->start();
+}
+
+void WebComponentTest::send(std::int32_t command) {
+  runOnQueue([command] { AdapterNowPlaying::send(command, std::chrono::seconds(10)); });
 }
 
 bool WebComponentTest::runUntilSession(const std::string& title, bool isPlaying) {

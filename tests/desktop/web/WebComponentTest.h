@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -29,6 +30,9 @@ class WebComponentTest : public WebStageTest {
   bool runUntil(const std::function<bool()>& condition) { return platform_->runUntil(condition); }
 
   void runOnQueue(const std::function<void()>& work) { ASSERT_TRUE(platform_->runOnQueue(work)); }
+  /// A command of the media session. Gives a busy machine more time to start the helper than the
+  /// program does.
+  void send(std::int32_t command);
 
   /// Runs until the helper says that the browser plays, or has paused, what is called `title`.
   bool runUntilSession(const std::string& title, bool isPlaying);

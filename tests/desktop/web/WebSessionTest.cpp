@@ -67,13 +67,13 @@ TEST_F(WebComponentTest, TheHelperNamesTheBrowserAndWhatThePagePlays) {
 TEST_F(WebComponentTest, CommandsReachTheHandlersOfThePagesMediaSession) {
   stage().open(video, video.youTube());
   ASSERT_TRUE(runUntilSession("First light", true)) << seen();
-  runOnQueue([] { AdapterNowPlaying::send(2); });
+  send(2);
   EXPECT_TRUE(runUntilSession("First light", false)) << seen();
   EXPECT_THAT(site().reports("video"), Contains("action pause"));
-  runOnQueue([] { AdapterNowPlaying::send(4); });
+  send(4);
   EXPECT_TRUE(runUntilSession("Second wind", true)) << seen();
   EXPECT_THAT(site().reports("video"), Contains("action nexttrack"));
-  runOnQueue([] { AdapterNowPlaying::send(5); });
+  send(5);
   EXPECT_TRUE(runUntilSession("First light", true)) << seen();
   EXPECT_THAT(site().reports("video"), Contains("action previoustrack"));
 }
@@ -85,7 +85,7 @@ TEST_F(WebComponentTest, TheSessionIsThePagesThatStartedLast) {
   ASSERT_TRUE(runUntilSession("First light", true)) << seen();
   stage().open(song, song.soundCloud());
   ASSERT_TRUE(runUntilSession("Night bus", true)) << seen();
-  runOnQueue([] { AdapterNowPlaying::send(4); });
+  send(4);
   EXPECT_TRUE(runUntilSession("Day trip", true)) << seen();
   EXPECT_THAT(site().reports("video"), Not(Contains("action nexttrack")));
 }
@@ -104,7 +104,7 @@ TEST_F(WebComponentTest, TitlesReachTheHelperAsTheyAre) {
   for (const std::string& title : awkward.tracks) {
     ASSERT_TRUE(runUntilSession(title, true)) << title << ", but " << seen();
     EXPECT_EQ(session()->artist, awkward.artist);
-    runOnQueue([] { AdapterNowPlaying::send(4); });
+    send(4);
   }
 }
 
