@@ -51,6 +51,14 @@ class Trust : public DesktopTest {
         patience);
   }
 
+  /// The tap goes after the change is logged.
+  bool waitUntilNobodyHas(const std::string& key) {
+    const std::uint8_t keycode = keys_.keycode(key);
+    const bool isFree = waitUntil([&] { return rival_.grab(keycode); });
+    rival_.ungrab(keycode);
+    return isFree;
+  }
+
   RivalClient rival_;
   FakePlayerProcess player_;
 };
@@ -75,6 +83,7 @@ TEST_F(Trust, FallsAndReturnsWithTheKeysThatAnotherProgramTakesAndGivesBack) {
         "false", round,
         round == 1 ? std::chrono::duration_cast<std::chrono::milliseconds>(left) : 20000ms))
         << talmo_->log();
+    ASSERT_TRUE(waitUntilNobodyHas(previous)) << talmo_->log();
     keys_.tap(spare);
     EXPECT_THAT(rival_.pressed(), SizeIs(round));
     EXPECT_THAT(rival_.pressed(), Each(spare));
