@@ -31,20 +31,22 @@ std::optional<PixelArea> talmoIcon(ScreenWindows& windows, pid_t talmo) {
   return std::nullopt;
 }
 
+std::function<bool()> talmoIconRests(ScreenWindows& windows, pid_t talmo) {
+  static constexpr auto rest = std::chrono::milliseconds(300);
+  return [&windows, talmo, last = std::optional<PixelArea>(),
+          since = std::chrono::steady_clock::time_point()]() mutable {
+    const std::optional<PixelArea> place = talmoIcon(windows, talmo);
+    const auto now = std::chrono::steady_clock::now();
+    if (place != last) since = now;
+    last = place;
+    return place && now - since > rest;
+  };
+}
+
 bool waitForTalmoIcon(ScreenWindows& windows, pid_t talmo) {
   constexpr auto patience = std::chrono::seconds(20);
   constexpr auto pollInterval = std::chrono::milliseconds(20);
-  constexpr auto rest = std::chrono::milliseconds(300);
-  std::optional<PixelArea> last;
-  auto since = std::chrono::steady_clock::now();
-  return waitUntil(
-      [&] {
-        const std::optional<PixelArea> place = talmoIcon(windows, talmo);
-        if (place != last) since = std::chrono::steady_clock::now();
-        last = place;
-        return place && std::chrono::steady_clock::now() - since > rest;
-      },
-      patience, pollInterval);
+  return waitUntil(talmoIconRests(windows, talmo), patience, pollInterval);
 }
 
 std::optional<ScreenWindows::Window> talmoPanel(ScreenWindows& windows, pid_t talmo) {

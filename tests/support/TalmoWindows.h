@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <sys/types.h>
 
@@ -11,8 +12,11 @@ namespace talmo::test {
 /// Where Talmo's icon in the tray is; nothing while it is not there.
 std::optional<PixelArea> talmoIcon(ScreenWindows& windows, pid_t talmo);
 
-/// Waits until the icon is in the tray and stays where it is: a tray moves its icons when one
-/// comes, and a click in between is nobody's. Whether that happened.
+/// A condition to wait for: the icon is in the tray and has stayed where it is for a while. A tray
+/// moves its icons when one comes, and a click in between is nobody's.
+std::function<bool()> talmoIconRests(ScreenWindows& windows, pid_t talmo);
+
+/// Waits for that; whether it happened.
 bool waitForTalmoIcon(ScreenWindows& windows, pid_t talmo);
 
 /// The open panel, and the open menu of the icon or of the gear.

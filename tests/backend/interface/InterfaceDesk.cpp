@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/TalmoWindows.h"
 #include "tests/support/WaitUntil.h"
 
 namespace talmo::test {
@@ -39,17 +40,13 @@ void InterfaceDesk::waitForKeys(std::uint64_t window) {
 }
 
 PixelArea InterfaceDesk::icon() {
-  std::optional<PixelArea> found;
-  const bool isThere = runUntil([&] {
-    for (const ScreenWindows::Window& window : windows_.of(::getpid())) {
-      if (window.isManaged || window.area.height <= 1) continue;
-      // A menu that has just closed may still be on the screen; it is larger.
-      if (!found || window.area.height < found->height) found = window.area;
-    }
-    return found.has_value();
-  });
-  if (!isThere) throw std::runtime_error("no icon came into the tray");
-  return *found;
+  const pid_t self = ::getpid();
+  // A menu that has just closed may still be on the screen, and get the clicks.
+  const auto menuIsGone = [&] { return !talmoMenu(windows_, self); };
+  if (!runUntil(talmoIconRests(windows_, self)) || !runUntil(menuIsGone)) {
+    throw std::runtime_error("no icon came into the tray");
+  }
+  return talmoIcon(windows_, self).value();
 }
 
 PixelArea InterfaceDesk::otherArea() {
