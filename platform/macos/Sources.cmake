@@ -114,7 +114,6 @@ set(talmo_macos_translation_sources
   interface/view/StackLook.cpp
   interface/view/SymbolLook.cpp
   interface/view/TextLook.cpp
-  log/LogLine.cpp
   mediasession/ElapsedTime.cpp
   network/HttpsTransfer.cpp
   network/HttpsUrl.cpp

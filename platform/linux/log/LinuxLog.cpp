@@ -15,6 +15,7 @@
 #include <systemd/sd-journal.h>
 
 #include "platform/linux/log/LogText.h"
+#include "support/LogLine.h"
 #include "support/MutexLock.h"
 
 namespace talmo {

@@ -1,6 +1,6 @@
 #include "platform/macos/log/MacLog.h"
 
-#include "platform/macos/log/LogLine.h"
+#include "support/LogLine.h"
 #include "support/MutexLock.h"
 
 namespace talmo {
@@ -27,7 +27,7 @@ void MacLog::write(LogLevel level, std::string_view subsystem, std::string_view 
   const os_log_t log = logOf(subsystem, category);
   const os_log_type_t logType = type(level);
   if (!os_log_type_enabled(log, logType)) return;
-  const std::string line = oneLine(message);
+  const std::string line = oneLogLine(message);
   os_log_with_type(log, logType, "%{public}s", line.c_str());
 }
 

@@ -1,4 +1,4 @@
-#include "platform/macos/log/LogLine.h"
+#include "support/LogLine.h"
 
 #include <array>
 #include <cstddef>
@@ -39,7 +39,7 @@ std::string escaped(std::uint32_t character) {
 
 }  // namespace
 
-std::string oneLine(std::string_view text) {
+std::string oneLogLine(std::string_view text) {
   const std::string valid = UnicodeText::repaired(text);
   std::string line;
   line.reserve(valid.size());
