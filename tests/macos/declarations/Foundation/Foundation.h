@@ -573,7 +573,6 @@ typedef NS_ENUM(NSInteger, NSTaskTerminationReason) {
 @property NSTimeInterval tolerance API_AVAILABLE(macos(10.9));
 // Must be sent on the thread whose run loop has the timer.
 - (void)invalidate;
-@property(readonly, getter=isValid) BOOL valid;
 
 @end
 
