@@ -25,13 +25,13 @@ function(talmo_precompile_headers name)
   target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
 endfunction()
 
-# Lets the programs and static libraries below a folder use the headers that fit what they link.
-# Modules have options of their own.
+# Lets the programs and libraries below a folder use the headers that fit what they link. Modules have
+# options of their own.
 function(talmo_use_precompiled_headers folder)
   get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
   foreach(target IN LISTS targets)
     get_target_property(type ${target} TYPE)
-    if(NOT type MATCHES "^(STATIC_LIBRARY|EXECUTABLE)$")
+    if(NOT type MATCHES "^((STATIC|OBJECT)_LIBRARY|EXECUTABLE)$" OR target MATCHES "_headers$")
       continue()
     endif()
     get_target_property(libraries ${target} LINK_LIBRARIES)

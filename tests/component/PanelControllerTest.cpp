@@ -243,10 +243,15 @@ TEST_P(PanelControllerTest, EveryOpeningAsksForConsentAfresh) {
   machine().applications().install({spotify, "Spotify"});
   machine().applications().launch(spotify);
   controller().setSelection("spotify");
-  ASSERT_TRUE(runUntil([&] { return queries(spotify) == 1; }));
+  // Whoever asks before the answer is there shares the question.
+  const auto isAnswered = [this](int time) {
+    return runUntil(
+        [&] { return queries(spotify) == time && AutomationPermission::cachedStatus(spotify); });
+  };
+  ASSERT_TRUE(isAnswered(1));
   for (int time = 2; time <= 4; ++time) {
     open();
-    ASSERT_TRUE(runUntil([&] { return queries(spotify) == time; }));
+    ASSERT_TRUE(isAnswered(time));
     controller().close();
   }
   EXPECT_EQ(machine().appleEvents().prompts(), 0);
