@@ -1,6 +1,6 @@
-# Reading the headers of others takes more than half of a build with clang. With g++ 12 it is a third
-# where tests are compiled, and next to nothing elsewhere, so there only the tests have it, and
-# clang-tidy gets the commands of the program without.
+# Reading the headers of others takes more than half of a build with clang. With g++ 12 this saves
+# about 15 % where tests are compiled and next to nothing elsewhere, so there only the tests have it,
+# and clang-tidy gets the commands of the program without.
 #
 # None of our own headers is in here: warnings about what a precompiled header includes are lost.
 # A build without this shows that each file includes what it needs.

@@ -29,6 +29,7 @@ TEST(LogLine, AZeroCharacterDoesNotEndIt) {
 TEST(LogLine, BytesThatAreNoTextBecomeReplacementCharacters) {
   EXPECT_EQ(oneLogLine("a\xff\xfez"), "a\ufffd\ufffdz");
   EXPECT_EQ(oneLogLine("cut \xc2"), "cut \ufffd");
+  EXPECT_EQ(oneLogLine("cut \xe2\x82"), "cut \ufffd");
   EXPECT_EQ(oneLogLine("\xc2\n"), "\ufffd\\n");
 }
 
